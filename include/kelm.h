@@ -1,0 +1,163 @@
+/* kelm: linear algebra on small matrices and vectors of float and double.
+ *
+ * Every operation works on one object or on an array of objects, wherever
+ * their elements lie.  The last part of a name tells the description of the
+ * operands:
+ *   (none)  S: base pointer and byte strides (Stride0 between objects,
+ *              Stride1 between rows, Stride2 between elements of a row)
+ *   _L      L: a table of object pointers plus a byte RoiShift
+ *   _P      P: a table with one pointer per element position plus a byte
+ *              RoiShift; Stride0 steps from object to object
+ * All strides and shifts are in bytes.  Every function returns a KelStatus.
+ *
+ * This file is generated from the member tables of the library
+ * (tools/kelgen.py); do not edit it by hand.
+ */
+#ifndef KELM_H
+#define KELM_H
+
+#if defined(_WIN32)
+#define KELM_API
+#elif defined(__GNUC__)
+#define KELM_API __attribute__((visibility("default")))
+#else
+#define KELM_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef float Kel32f;
+typedef double Kel64f;
+typedef int KelStatus;
+
+/* Status values.  0 is success; every other value is an error. */
+enum {
+    kelStsNoErr = 0,
+    kelStsBadSize = -6,
+    kelStsNullPointer = -8,
+    kelStsDivideByZero = -10,
+    kelStsNotPositiveDefinite = -179,
+    kelStsBadStride = -182,
+    kelStsSingular = -195,
+    kelStsBadRoiShift = -202,
+    kelStsBadCount = -203,
+    kelStsSizeMismatch = -204,
+    kelStsNoConvergence = -205
+};
+
+typedef struct {
+    int major;
+    int minor;
+    int majorBuild;
+    int build;
+    char targetCpu[4];
+    const char* name;
+    const char* version;
+    const char* buildDate;
+} KelLibraryVersion;
+
+/* The version record of this build; static, never freed by the caller. */
+KELM_API const KelLibraryVersion* kelmGetLibVersion(void);
+
+/* ---- Add ---- */
+/* Add: dst = src1 + src2, element by element, one rounded addition each. */
+KELM_API KelStatus kelmAdd_mm_32f(const Kel32f* src1, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmAdd_mm_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmAdd_mm_64f(const Kel64f* src1, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmAdd_mm_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmAdd_tm_32f(const Kel32f* src1, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmAdd_tm_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmAdd_tm_64f(const Kel64f* src1, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmAdd_tm_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmAdd_tt_32f(const Kel32f* src1, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmAdd_tt_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmAdd_tt_64f(const Kel64f* src1, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmAdd_tt_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmAdd_mam_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mam_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mam_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mam_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mam_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mam_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mat_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mat_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mat_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mat_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mat_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mat_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tam_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tam_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tam_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tam_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tam_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tam_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tat_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tat_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tat_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tat_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tat_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tat_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mama_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mama_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mama_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mama_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mama_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_mama_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tama_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tama_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tama_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tama_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tama_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tama_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tata_32f(const Kel32f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tata_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride1, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tata_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tata_64f(const Kel64f* src1, int src1Stride0, int src1Stride1, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride1, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tata_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride1, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmAdd_tata_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmAdd_vv_32f(const Kel32f* src1, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmAdd_vv_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmAdd_vv_64f(const Kel64f* src1, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmAdd_vv_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmAdd_vc_32f(const Kel32f* src, int srcStride2, Kel32f val, Kel32f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmAdd_vc_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f val, Kel32f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmAdd_vc_64f(const Kel64f* src, int srcStride2, Kel64f val, Kel64f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmAdd_vc_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f val, Kel64f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmAdd_vac_32f(const Kel32f* src, int srcStride0, int srcStride2, Kel32f val, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vac_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f val, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vac_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f val, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vac_64f(const Kel64f* src, int srcStride0, int srcStride2, Kel64f val, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vac_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f val, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vac_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f val, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vav_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vav_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vav_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vav_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vav_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vav_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vava_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vava_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vava_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vava_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vca_32f(const Kel32f* src, int srcStride2, const Kel32f* val, int valStride0, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vca_32f_L(const Kel32f* src, int srcStride2, const Kel32f* const* ppVal, int valRoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vca_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, const Kel32f* val, int valStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vca_64f(const Kel64f* src, int srcStride2, const Kel64f* val, int valStride0, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vca_64f_L(const Kel64f* src, int srcStride2, const Kel64f* const* ppVal, int valRoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vca_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, const Kel64f* val, int valStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vaca_32f(const Kel32f* src, int srcStride0, int srcStride2, const Kel32f* val, int valStride0, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vaca_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, const Kel32f* const* ppVal, int valRoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vaca_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, const Kel32f* val, int valStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmAdd_vaca_64f(const Kel64f* src, int srcStride0, int srcStride2, const Kel64f* val, int valStride0, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vaca_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, const Kel64f* const* ppVal, int valRoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmAdd_vaca_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, const Kel64f* val, int valStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* KELM_H */

@@ -1,0 +1,4 @@
+// Add: element-wise sums.
+#pragma once
+
+#include "elementwise/elementwise.h"

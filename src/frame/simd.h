@@ -1,0 +1,175 @@
+// A small 128-bit vector layer and its scalar twin.
+//
+// Pack<Isa, T> holds 16 bytes of T: four floats or two doubles.  The Sse
+// form uses SSE registers; the Scalar form keeps the lanes in an array and
+// performs the same operations lane by lane in the same order, so a kernel
+// written on Pack gives the same bits with either form.  Tests run kernels
+// on both and compare.
+//
+// Partial loads and stores touch exactly k elements (k below the lane
+// count): a row of 3 floats is one 64-bit and one 32-bit access, so no row
+// is ever read or written past its end.
+#pragma once
+
+#include <emmintrin.h>
+#include <xmmintrin.h>
+
+#include <cstring>
+
+namespace kel::simd {
+
+// 64-bit and 32-bit accesses at any byte address.
+inline __m128i load64(const void* p) { return _mm_loadl_epi64(static_cast<const __m128i_u*>(p)); }
+inline void store64(void* p, __m128i v) { _mm_storel_epi64(static_cast<__m128i_u*>(p), v); }
+inline __m128 load32(const float* p)
+{
+    float x;
+    std::memcpy(&x, p, sizeof x);
+    return _mm_set_ss(x);
+}
+inline void store32(float* p, __m128 v)
+{
+    float x = _mm_cvtss_f32(v);
+    std::memcpy(p, &x, sizeof x);
+}
+
+struct Sse {};
+struct Scalar {};
+
+template <class Isa, class T>
+struct Pack;
+
+template <class T>
+constexpr int kLanes = 16 / static_cast<int>(sizeof(T));
+
+// ---- SSE -------------------------------------------------------------------
+
+template <>
+struct Pack<Sse, float> {
+    __m128 v;
+    static Pack splat(float x) { return {_mm_set1_ps(x)}; }
+    static Pack load(const float* p) { return {_mm_loadu_ps(p)}; }
+    // Loads k elements (1..3); other lanes are 0.
+    static Pack loadPart(const float* p, int k)
+    {
+        switch (k) {
+        case 1:
+            return {load32(p)};
+        case 2:
+            return {_mm_castsi128_ps(load64(p))};
+        default:
+            return {_mm_movelh_ps(_mm_castsi128_ps(load64(p)), load32(p + 2))};
+        }
+    }
+    void store(float* p) const { _mm_storeu_ps(p, v); }
+    void storePart(float* p, int k) const
+    {
+        switch (k) {
+        case 1:
+            store32(p, v);
+            break;
+        case 2:
+            store64(p, _mm_castps_si128(v));
+            break;
+        default:
+            store64(p, _mm_castps_si128(v));
+            store32(p + 2, _mm_movehl_ps(v, v));
+            break;
+        }
+    }
+    friend Pack operator+(Pack a, Pack b) { return {_mm_add_ps(a.v, b.v)}; }
+    friend Pack operator-(Pack a, Pack b) { return {_mm_sub_ps(a.v, b.v)}; }
+    friend Pack operator*(Pack a, Pack b) { return {_mm_mul_ps(a.v, b.v)}; }
+};
+
+template <>
+struct Pack<Sse, double> {
+    __m128d v;
+    static Pack splat(double x) { return {_mm_set1_pd(x)}; }
+    static Pack load(const double* p) { return {_mm_loadu_pd(p)}; }
+    static Pack loadPart(const double* p, int) { return {_mm_castsi128_pd(load64(p))}; }
+    void store(double* p) const { _mm_storeu_pd(p, v); }
+    void storePart(double* p, int) const { store64(p, _mm_castpd_si128(v)); }
+    friend Pack operator+(Pack a, Pack b) { return {_mm_add_pd(a.v, b.v)}; }
+    friend Pack operator-(Pack a, Pack b) { return {_mm_sub_pd(a.v, b.v)}; }
+    friend Pack operator*(Pack a, Pack b) { return {_mm_mul_pd(a.v, b.v)}; }
+};
+
+// ---- Scalar twin -------------------------------------------------------------
+
+template <class T>
+struct Pack<Scalar, T> {
+    static constexpr int N = kLanes<T>;
+    T v[N];
+    static Pack splat(T x)
+    {
+        Pack r;
+        for (int i = 0; i < N; ++i) r.v[i] = x;
+        return r;
+    }
+    static Pack load(const T* p)
+    {
+        Pack r;
+        std::memcpy(r.v, p, sizeof r.v);
+        return r;
+    }
+    static Pack loadPart(const T* p, int k)
+    {
+        Pack r = splat(T(0));
+        std::memcpy(r.v, p, sizeof(T) * k);
+        return r;
+    }
+    void store(T* p) const { std::memcpy(p, v, sizeof v); }
+    void storePart(T* p, int k) const { std::memcpy(p, v, sizeof(T) * k); }
+    template <class F>
+    static Pack zip(Pack a, Pack b, F f)
+    {
+        Pack r;
+        for (int i = 0; i < N; ++i) r.v[i] = f(a.v[i], b.v[i]);
+        return r;
+    }
+    friend Pack operator+(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x + y; }); }
+    friend Pack operator-(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x - y; }); }
+    friend Pack operator*(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x * y; }); }
+};
+
+// ---- Rows --------------------------------------------------------------------
+
+// A row of W elements held in registers: full packs, then one partial pack.
+template <class Isa, class T, int W>
+struct Row {
+    using P = Pack<Isa, T>;
+    static constexpr int L = kLanes<T>;
+    static constexpr int kFull = W / L;
+    static constexpr int kRest = W % L;
+    static constexpr int kPacks = kFull + (kRest ? 1 : 0);
+    P p[kPacks];
+
+    static Row load(const T* src)
+    {
+        Row r;
+        for (int k = 0; k < kFull; ++k) r.p[k] = P::load(src + k * L);
+        if constexpr (kRest != 0) r.p[kFull] = P::loadPart(src + kFull * L, kRest);
+        return r;
+    }
+    static Row splat(T x)
+    {
+        Row r;
+        for (int k = 0; k < kPacks; ++k) r.p[k] = P::splat(x);
+        return r;
+    }
+    void store(T* dst) const
+    {
+        for (int k = 0; k < kFull; ++k) p[k].store(dst + k * L);
+        if constexpr (kRest != 0) p[kFull].storePart(dst + kFull * L, kRest);
+    }
+    template <class F>
+    friend Row zip(const Row& a, const Row& b, F f)
+    {
+        Row r;
+        for (int k = 0; k < kPacks; ++k) r.p[k] = f(a.p[k], b.p[k]);
+        return r;
+    }
+};
+
+}  // namespace kel::simd

@@ -1,0 +1,350 @@
+// Operand views: where the elements of an operand lie.
+//
+// Every address the library forms goes through this file.  A view is built
+// by an export from its argument group and never touches memory until a
+// kernel asks for an element.  Byte offsets are formed in 32-bit signed
+// arithmetic (products and sums wrap as 32-bit values) and only then
+// sign-extended and added to the pointer.
+//
+//   S  base pointer and strides         base + n*s0 + j*s1 + i*s2
+//   L  table of object pointers         table[n] + roi + j*s1 + i*s2
+//   P  table of element pointers        table[j*ld + i] + roi + n*s0
+//
+// A transposed operand reads stored element (i, j) for logical (j, i).  A
+// vector is a matrix of one row.  A single object ignores n.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+namespace kel {
+
+enum class Desc : unsigned char { S, L, P };
+
+// Loads and stores of one element at any byte address.  Callers may pass
+// base pointers that are not multiples of the element size.
+template <class T>
+inline T load(const void* p)
+{
+    T v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+template <class T>
+inline void store(void* p, T v)
+{
+    std::memcpy(p, &v, sizeof v);
+}
+
+// 32-bit signed byte offset helpers: wrap like the 32-bit machine words the
+// offsets are defined on.
+inline int32_t mul32(int32_t a, int32_t b)
+{
+    return static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b));
+}
+inline int32_t add32(int32_t a, int32_t b)
+{
+    return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
+}
+template <class T>
+inline T* offset(T* p, int32_t bytes)
+{
+    using B = std::conditional_t<std::is_const<T>::value, const char, char>;
+    return reinterpret_cast<T*>(reinterpret_cast<B*>(p) + static_cast<int64_t>(bytes));
+}
+
+template <class T>
+constexpr int32_t kElem = static_cast<int32_t>(sizeof(std::remove_const_t<T>));
+
+// Stride and shift rules shared by all operands.
+template <class T>
+inline bool badStride(int32_t s)
+{
+    return s <= 0 || s % kElem<T> != 0;
+}
+template <class T>
+inline bool badShift(int32_t r)
+{
+    return r < 0 || r % kElem<T> != 0;
+}
+
+// Kinds of operand, used by the front ends to tell views apart.
+enum class Kind : unsigned char { Matrix, Vector, Constant };
+
+// An object (matrix or vector), single or array, in one description.
+//   T      element type, const for sources
+//   D      description
+//   Arr    array of objects (has a Stride0 or a table of objects)
+//   Trans  logical (j, i) is stored (i, j)
+//   IsVec  vector: no Stride1, one row
+template <class T, Desc D, bool Arr, bool Trans = false, bool IsVec = false>
+struct Obj {
+    using Elem = std::remove_const_t<T>;
+    static constexpr Desc desc = D;
+    static constexpr bool array = Arr;
+    static constexpr bool trans = Trans;
+    static constexpr Kind kind = IsVec ? Kind::Vector : Kind::Matrix;
+    static constexpr bool hasStride1 = !IsVec && D != Desc::P;
+    static constexpr bool hasStride2 = D != Desc::P;
+    static constexpr bool hasStride0 = D == Desc::P ? Arr : (D == Desc::S && Arr);
+    static constexpr bool hasShift = D == Desc::P || (D == Desc::L && Arr);
+    using Table = T* const*;
+
+    T* base = nullptr;        // S, and single objects of an L call
+    Table table = nullptr;    // L (objects) or P (element positions)
+    int32_t roi = 0;          // L, P
+    int32_t s0 = 0, s1 = 0, s2 = 0;
+    int32_t ld = 0;           // P: table entries per stored row
+
+    // Pointer arguments this operand received.
+    bool null() const
+    {
+        if constexpr (D == Desc::S || (D == Desc::L && !Arr)) return base == nullptr;
+        else return table == nullptr;
+    }
+    // Strides this operand received; Stride0 only when withStride0.
+    bool badStrides(bool withStride0 = true) const
+    {
+        bool bad = false;
+        if constexpr (hasStride0) bad |= withStride0 && badStride<T>(s0);
+        if constexpr (hasStride1) bad |= badStride<T>(s1);
+        if constexpr (hasStride2) bad |= badStride<T>(s2);
+        return bad;
+    }
+    bool badStride0() const
+    {
+        if constexpr (hasStride0) return badStride<T>(s0);
+        else return false;
+    }
+    bool badRoi() const
+    {
+        if constexpr (hasShift) return badShift<T>(roi);
+        else return false;
+    }
+    // Elements of a stored row are adjacent (Stride2 is the element size).
+    // P operands are never packed.
+    bool packed() const { return hasStride2 && s2 == kElem<T>; }
+    // Logical rows are contiguous runs of memory: packed and not transposed.
+    bool rowsContiguous() const { return packed() && !Trans; }
+
+    // Tell a P view how many table entries a stored row has.
+    void setStoredWidth(int32_t w) { ld = w; }
+
+    // Address of logical element (j, i) of object n.
+    T* at(int32_t n, int32_t j, int32_t i) const
+    {
+        if constexpr (Trans) {
+            int32_t t = j;
+            j = i;
+            i = t;
+        }
+        if constexpr (D == Desc::P) {
+            int32_t off = roi;
+            if constexpr (Arr) off = add32(off, mul32(n, s0));
+            return offset(table[static_cast<int64_t>(j) * ld + i], off);
+        } else {
+            int32_t off = add32(mul32(j, s1), mul32(i, s2));
+            return offset(object(n), off);
+        }
+    }
+    // First element of object n (S and L).
+    T* object(int32_t n) const
+    {
+        if constexpr (D == Desc::L && Arr) return offset(table[n], roi);
+        else if constexpr (Arr) return offset(base, mul32(n, s0));
+        else {
+            (void)n;
+            return base;
+        }
+    }
+    // Start of logical row j of object n, for rowsContiguous() views.
+    T* row(int32_t n, int32_t j) const { return offset(object(n), mul32(j, s1)); }
+
+    Elem get(int32_t n, int32_t j, int32_t i) const { return load<Elem>(at(n, j, i)); }
+    void put(int32_t n, int32_t j, int32_t i, Elem v) const { store<Elem>(at(n, j, i), v); }
+
+    // The same operand starting at object f of the array.
+    Obj slice(int32_t f) const
+    {
+        Obj v = *this;
+        if constexpr (Arr) {
+            if constexpr (D == Desc::S) v.base = offset(base, mul32(f, s0));
+            else if constexpr (D == Desc::L) v.table = table + f;
+            else v.roi = add32(roi, mul32(f, s0));
+        }
+        return v;
+    }
+};
+
+// A constant passed by value.
+template <class T>
+struct Const {
+    using Elem = T;
+    static constexpr Kind kind = Kind::Constant;
+    static constexpr bool array = false;
+    static constexpr bool hasShift = false;
+    T value;
+    bool null() const { return false; }
+    bool badStrides(bool = true) const { return false; }
+    bool badStride0() const { return false; }
+    bool badRoi() const { return false; }
+    bool packed() const { return true; }
+    T get(int32_t, int32_t = 0, int32_t = 0) const { return value; }
+    Const slice(int32_t) const { return *this; }
+};
+
+// An array of constants: S and P use a pointer and Stride0, L a table.
+template <class T, Desc D>
+struct ConstArr {
+    using Elem = std::remove_const_t<T>;
+    static constexpr Kind kind = Kind::Constant;
+    static constexpr bool array = true;
+    static constexpr bool hasShift = D == Desc::L;
+    T* base = nullptr;
+    T* const* table = nullptr;
+    int32_t roi = 0, s0 = 0;
+
+    bool null() const { return D == Desc::L ? table == nullptr : base == nullptr; }
+    bool badStrides(bool withStride0 = true) const
+    {
+        return D != Desc::L && withStride0 && badStride<T>(s0);
+    }
+    bool badStride0() const { return D != Desc::L && badStride<T>(s0); }
+    bool badRoi() const { return D == Desc::L && badShift<T>(roi); }
+    bool packed() const { return true; }
+    T* at(int32_t n) const
+    {
+        if constexpr (D == Desc::L) return offset(table[n], roi);
+        else return offset(base, mul32(n, s0));
+    }
+    Elem get(int32_t n, int32_t = 0, int32_t = 0) const { return load<Elem>(at(n)); }
+    ConstArr slice(int32_t f) const
+    {
+        ConstArr v = *this;
+        if constexpr (D == Desc::L) v.table = table + f;
+        else v.base = offset(base, mul32(f, s0));
+        return v;
+    }
+};
+
+// A plain pointer argument with no description (pBuffer, pivot tables,
+// dense results).  Takes part in the null-pointer step only.
+template <class T>
+struct Plain {
+    static constexpr bool array = false;
+    T* ptr;
+    bool null() const { return ptr == nullptr; }
+    bool badStrides(bool = true) const { return false; }
+    bool badStride0() const { return false; }
+    bool badRoi() const { return false; }
+    bool packed() const { return true; }
+    Plain slice(int32_t) const { return *this; }
+};
+
+// Factories used by the generated exports.  Argument order follows the
+// argument groups of the exported names.
+template <class T, bool Trans = false>
+inline Obj<T, Desc::S, true, Trans> matArrS(T* p, int32_t s0, int32_t s1, int32_t s2)
+{
+    Obj<T, Desc::S, true, Trans> v;
+    v.base = p, v.s0 = s0, v.s1 = s1, v.s2 = s2;
+    return v;
+}
+template <class T, bool Trans = false>
+inline Obj<T, Desc::L, true, Trans> matArrL(T* const* pp, int32_t roi, int32_t s1, int32_t s2)
+{
+    Obj<T, Desc::L, true, Trans> v;
+    v.table = pp, v.roi = roi, v.s1 = s1, v.s2 = s2;
+    return v;
+}
+template <class T, bool Trans = false>
+inline Obj<T, Desc::P, true, Trans> matArrP(T* const* pp, int32_t roi, int32_t s0)
+{
+    Obj<T, Desc::P, true, Trans> v;
+    v.table = pp, v.roi = roi, v.s0 = s0;
+    return v;
+}
+// A single matrix of an S or L call (L has no form of its own for one object).
+template <class T, bool Trans = false, Desc D = Desc::S>
+inline Obj<T, D, false, Trans> matS(T* p, int32_t s1, int32_t s2)
+{
+    Obj<T, D, false, Trans> v;
+    v.base = p, v.s1 = s1, v.s2 = s2;
+    return v;
+}
+template <class T, bool Trans = false>
+inline Obj<T, Desc::P, false, Trans> matP(T* const* pp, int32_t roi)
+{
+    Obj<T, Desc::P, false, Trans> v;
+    v.table = pp, v.roi = roi;
+    return v;
+}
+template <class T>
+inline Obj<T, Desc::S, true, false, true> vecArrS(T* p, int32_t s0, int32_t s2)
+{
+    Obj<T, Desc::S, true, false, true> v;
+    v.base = p, v.s0 = s0, v.s2 = s2;
+    return v;
+}
+template <class T>
+inline Obj<T, Desc::L, true, false, true> vecArrL(T* const* pp, int32_t roi, int32_t s2)
+{
+    Obj<T, Desc::L, true, false, true> v;
+    v.table = pp, v.roi = roi, v.s2 = s2;
+    return v;
+}
+template <class T>
+inline Obj<T, Desc::P, true, false, true> vecArrP(T* const* pp, int32_t roi, int32_t s0)
+{
+    Obj<T, Desc::P, true, false, true> v;
+    v.table = pp, v.roi = roi, v.s0 = s0;
+    return v;
+}
+template <class T, Desc D = Desc::S>
+inline Obj<T, D, false, false, true> vecS(T* p, int32_t s2)
+{
+    Obj<T, D, false, false, true> v;
+    v.base = p, v.s2 = s2;
+    return v;
+}
+template <class T>
+inline Obj<T, Desc::P, false, false, true> vecP(T* const* pp, int32_t roi)
+{
+    Obj<T, Desc::P, false, false, true> v;
+    v.table = pp, v.roi = roi;
+    return v;
+}
+template <class T>
+inline Const<T> cst(T v)
+{
+    return Const<T>{v};
+}
+template <class T>
+inline ConstArr<T, Desc::S> cstArrS(T* p, int32_t s0)
+{
+    ConstArr<T, Desc::S> v;
+    v.base = p, v.s0 = s0;
+    return v;
+}
+template <class T>
+inline ConstArr<T, Desc::L> cstArrL(T* const* pp, int32_t roi)
+{
+    ConstArr<T, Desc::L> v;
+    v.table = pp, v.roi = roi;
+    return v;
+}
+template <class T>
+inline ConstArr<T, Desc::P> cstArrP(T* p, int32_t s0)
+{
+    ConstArr<T, Desc::P> v;
+    v.base = p, v.s0 = s0;
+    return v;
+}
+template <class T>
+inline Plain<T> plain(T* p)
+{
+    return Plain<T>{p};
+}
+
+}  // namespace kel

@@ -1,0 +1,160 @@
+// Add and Sub against a plain model, over every member, description, type,
+// size and layout.
+#include <gtest/gtest.h>
+
+#include "families.h"
+#include "harness.h"
+
+namespace {
+
+using namespace kt;
+
+// The logical element (j, i) of object n of the operand standing for letter
+// `code` ("ma", "t", "c", ...).
+double logical(const Operand& op, const std::string& code, int n, int j, int i)
+{
+    const bool array = code.size() == 2;
+    const int obj = array ? n : 0;
+    if (code[0] == 'c') return array ? op.get(n, 0, 0) : op.value;
+    if (code[0] == 'v') return op.get(obj, 0, i);
+    if (code[0] == 't') return op.get(obj, i, j);
+    return op.get(obj, j, i);
+}
+
+// Groups standing for the letters of the operand code, in operation order.
+std::vector<int> operandGroups(const Member& m)
+{
+    std::vector<int> out;
+    std::vector<bool> used(m.groups.size(), false);
+    for (auto& letter : splitCode(m.code)) {
+        for (size_t k = 0; k < m.groups.size(); ++k) {
+            if (!used[k] && m.groups[k].kind == letter && !m.groups[k].isWritten()) {
+                used[k] = true;
+                out.push_back(static_cast<int>(k));
+                break;
+            }
+        }
+    }
+    return out;
+}
+
+template <class T>
+T combine(const std::string& family, T a, T b)
+{
+    return family == "Sub" ? a - b : a + b;
+}
+
+// The model: one rounded operation per element, left operand first.
+std::vector<double> model(const Case& s)
+{
+    const Member& m = *s.m;
+    auto ops = operandGroups(m);
+    auto letters = splitCode(m.code);
+    const Operand& dst = s.ops[dstGroup(m)];
+    std::vector<double> out(dst.offsets.size());
+    for (int n = 0; n < dst.objects; ++n)
+        for (int j = 0; j < dst.rows; ++j)
+            for (int i = 0; i < dst.cols; ++i) {
+                double a = logical(s.ops[ops[0]], letters[0], n, j, i);
+                double b = logical(s.ops[ops[1]], letters[1], n, j, i);
+                out[dst.index(n, j, i)] = m.elem == 4 ? combine<float>(m.family, float(a), float(b))
+                                                      : combine<double>(m.family, a, b);
+            }
+    return out;
+}
+
+// Runs one setup and checks every byte.
+void runAndCompare(Case& s)
+{
+    auto expected = model(s);  // before the call: in place, sources are overwritten
+    auto before = s.snapshot();
+    ASSERT_EQ(s.run(), kelStsNoErr) << describe(s);
+    std::string diff = compareAfter(s, before, expected);
+    ASSERT_TRUE(diff.empty()) << diff;
+}
+
+std::vector<std::map<std::string, int>> sizeGrid(const Member& m)
+{
+    std::vector<std::map<std::string, int>> out;
+    const bool array = m.has("count");
+    std::vector<int> counts = array ? std::vector<int>{1, 2, 5, 13} : std::vector<int>{1};
+    for (int c : counts) {
+        if (m.has("len")) {
+            for (int len : {1, 2, 3, 4, 5, 6, 7, 8, 9, 17}) out.push_back({{"len", len}, {"count", c}});
+        } else {
+            for (int k = 1; k <= 9; ++k) out.push_back({{"width", k}, {"height", k}, {"count", c}});
+            for (auto wh : {std::pair{3, 4}, {4, 3}, {2, 5}, {7, 3}, {1, 6}, {6, 1}, {9, 2}, {5, 6}})
+                out.push_back({{"width", wh.first}, {"height", wh.second}, {"count", c}});
+        }
+    }
+    if (!array)
+        for (auto& s : out) s.erase("count");
+    return out;
+}
+
+class Elementwise : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(Elementwise, MatchesModelOnEveryLayout)
+{
+    const Member& m = member(GetParam());
+    uint32_t seed = 1;
+    for (auto& sizes : sizeGrid(m)) {
+        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
+            Case s = makeSetup(m, sizes, shapeOf(m.family), Layout{form}, seed++);
+            runAndCompare(s);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+TEST_P(Elementwise, InPlaceWithTheSameLayout)
+{
+    const Member& m = member(GetParam());
+    uint32_t seed = 1000;
+    for (auto& sizes : sizeGrid(m)) {
+        for (Form form : {Form::Packed, Form::Random}) {
+            Case s = makeSetup(m, sizes, shapeOf(m.family), Layout{form}, seed++, true);
+            if (s.inPlaceOf < 0) GTEST_SKIP() << "no source shares the result's shape";
+            runAndCompare(s);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+// Large arrays go through the team: every thread count gives the model's bits.
+TEST_P(Elementwise, SameResultForEveryThreadCount)
+{
+    const Member& m = member(GetParam());
+    if (!m.array) GTEST_SKIP() << "single object";
+    for (auto sizes : {std::map<std::string, int>{{"width", 4}, {"height", 4}, {"len", 5}, {"count", 611}},
+                       std::map<std::string, int>{{"width", 40}, {"height", 40}, {"len", 1700}, {"count", 3}}}) {
+        std::map<std::string, int> use;
+        for (auto& g : m.groups)
+            if (g.isSize()) use[g.prefix] = sizes[g.prefix];
+        for (int threads : {1, 2, 3, 7}) {
+            forceThreads(threads);
+            Case s = makeSetup(m, use, shapeOf(m.family), Layout{Form::Random}, 77 + threads);
+            runAndCompare(s);
+            forceThreads(0);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+// NaN stays in its own element; a NaN in the single operand reaches every object.
+TEST_P(Elementwise, NaNStaysInItsElement)
+{
+    const Member& m = member(GetParam());
+    std::map<std::string, int> sizes = validSizes(m, 4);
+    Case s = makeSetup(m, sizes, shapeOf(m.family), Layout{Form::Random}, 5);
+    auto ops = operandGroups(m);
+    Operand& first = s.ops[ops[0]];
+    first.set(0, 0, 0, std::numeric_limits<double>::quiet_NaN());
+    runAndCompare(s);
+}
+
+std::string paramName(const ::testing::TestParamInfo<std::string>& p) { return p.param; }
+
+INSTANTIATE_TEST_SUITE_P(Add, Elementwise, ::testing::ValuesIn(memberNames({"Add"})), paramName);
+
+}  // namespace

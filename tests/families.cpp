@@ -1,0 +1,107 @@
+#include "families.h"
+
+#include <cctype>
+#include <stdexcept>
+
+namespace kt {
+
+namespace {
+int objectsOf(const GroupInfo& g, const std::map<std::string, int>& sizes)
+{
+    const bool array = g.kind.size() == 2 && g.kind[1] == 'a';
+    auto it = sizes.find("count");
+    return array && it != sizes.end() ? it->second : 1;
+}
+int sizeOr(const std::map<std::string, int>& s, const char* name, int dflt)
+{
+    auto it = s.find(name);
+    return it == s.end() ? dflt : it->second;
+}
+}  // namespace
+
+Shape elementwiseShape(const Member&, const GroupInfo& g, const std::map<std::string, int>& sizes)
+{
+    const int n = objectsOf(g, sizes);
+    const int w = sizeOr(sizes, "width", 1), h = sizeOr(sizes, "height", 1), len = sizeOr(sizes, "len", 1);
+    if (g.kind == "c" || g.kind == "ca") return {n, 1, 1};
+    if (g.kind == "v" || g.kind == "va") return {n, 1, len};
+    if (g.kind == "t" || g.kind == "ta") return {n, w, h};
+    return {n, h, w};
+}
+
+ShapeFn shapeOf(const std::string& family)
+{
+    if (family == "Add" || family == "Sub") return elementwiseShape;
+    throw std::runtime_error("no shape function for family " + family);
+}
+
+std::map<std::string, int> validSizes(const Member& m, int count)
+{
+    std::map<std::string, int> s;
+    for (auto& g : m.groups) {
+        if (!g.isSize()) continue;
+        s[g.prefix] = g.prefix == "count" ? count : 3;
+    }
+    return s;
+}
+
+// Recursive descent over + * ( ) and names, in uint32 arithmetic.
+namespace {
+struct Parser {
+    const std::string& f;
+    const std::map<std::string, int>& v;
+    size_t i = 0;
+    void skip()
+    {
+        while (i < f.size() && f[i] == ' ') ++i;
+    }
+    uint32_t atom()
+    {
+        skip();
+        if (f[i] == '(') {
+            ++i;
+            uint32_t x = sum();
+            skip();
+            ++i;  // ')'
+            return x;
+        }
+        size_t j = i;
+        while (j < f.size() && std::isalnum(static_cast<unsigned char>(f[j]))) ++j;
+        std::string tok = f.substr(i, j - i);
+        i = j;
+        if (std::isdigit(static_cast<unsigned char>(tok[0]))) return static_cast<uint32_t>(std::stoul(tok));
+        static const std::map<std::string, std::string> names = {
+            {"W", "width"}, {"H", "height"}, {"L", "len"}, {"N", "size"}, {"C", "count"},
+            {"W1", "src1Width"}, {"H1", "src1Height"}, {"W2", "src2Width"}, {"H2", "src2Height"}};
+        auto it = v.find(names.at(tok));
+        return it == v.end() ? 1u : static_cast<uint32_t>(it->second);
+    }
+    uint32_t product()
+    {
+        uint32_t x = atom();
+        for (skip(); i < f.size() && f[i] == '*'; skip()) {
+            ++i;
+            x *= atom();
+        }
+        return x;
+    }
+    uint32_t sum()
+    {
+        uint32_t x = product();
+        for (skip(); i < f.size() && (f[i] == '+' || f[i] == '-'); skip()) {
+            char op = f[i++];
+            uint32_t y = product();
+            x = op == '+' ? x + y : x - y;
+        }
+        return x;
+    }
+};
+}  // namespace
+
+int32_t evalEstimate(const std::string& formula, const std::map<std::string, int>& sizes)
+{
+    Parser p{formula, sizes};
+    return static_cast<int32_t>(p.sum());
+}
+
+}  // namespace kt

@@ -1,0 +1,452 @@
+#include "harness.h"
+
+#include <omp.h>
+
+#include <algorithm>
+#include <atomic>
+#include <numeric>
+#include <sstream>
+#include <stdexcept>
+
+// The library asks this definition for its thread count: the dynamic linker
+// binds the library's calls to the executable's symbol.
+namespace {
+std::atomic<int> g_forced{0};
+std::atomic<int> g_queries{0};
+}  // namespace
+
+extern "C" int ownGetNumThreads(void)
+{
+    g_queries.fetch_add(1);
+    int n = g_forced.load();
+    return n > 0 ? n : omp_get_max_threads();
+}
+
+namespace kt {
+
+void forceThreads(int n) { g_forced = n; }
+int threadQueries() { return g_queries.load(); }
+void resetThreadQueries() { g_queries = 0; }
+
+// ---- registry -------------------------------------------------------------------
+
+int Call::size(const char* name) const
+{
+    auto it = sizes.find(name);
+    return it == sizes.end() ? 0 : it->second;
+}
+
+bool Member::has(const std::string& size) const
+{
+    for (auto& g : groups)
+        if (g.isSize() && g.prefix == size) return true;
+    return false;
+}
+
+#define KT_MEMBER(name, fam, code, desc, es, order, est, lp, ls, arr, groups, inv) \
+    kt::Member{name, fam, code, desc, es, order, est, lp, ls, arr, std::vector<kt::GroupInfo> groups, inv},
+
+const std::vector<Member>& registry()
+{
+    static const std::vector<Member> all = {
+#include "registry.inc"
+    };
+    return all;
+}
+
+const Member& member(const std::string& name)
+{
+    for (auto& m : registry())
+        if (m.name == name) return m;
+    throw std::runtime_error("no member " + name);
+}
+
+std::vector<std::string> memberNames(const std::vector<std::string>& families)
+{
+    std::vector<std::string> out;
+    for (auto& m : registry())
+        if (std::find(families.begin(), families.end(), m.family) != families.end()) out.push_back(m.name);
+    return out;
+}
+
+std::vector<std::string> splitCode(const std::string& code)
+{
+    std::vector<std::string> out;
+    for (size_t i = 0; i < code.size();) {
+        if (i + 1 < code.size() && code[i + 1] == 'a') {
+            out.push_back(code.substr(i, 2));
+            i += 2;
+        } else {
+            out.push_back(code.substr(i, 1));
+            i += 1;
+        }
+    }
+    return out;
+}
+
+// ---- values ---------------------------------------------------------------------
+
+uint64_t toBits(double v, int elem)
+{
+    if (elem == 4) {
+        float f = static_cast<float>(v);
+        uint32_t b;
+        std::memcpy(&b, &f, 4);
+        return b;
+    }
+    uint64_t b;
+    std::memcpy(&b, &v, 8);
+    return b;
+}
+
+double randomValue(std::mt19937& rng, int elem)
+{
+    std::uniform_int_distribution<int> pick(0, 9);
+    std::uniform_real_distribution<double> real(-8.0, 8.0);
+    switch (pick(rng)) {
+    case 0:
+        return 0.0;
+    case 1:
+        return -0.0;
+    case 2:
+    case 3:
+        return std::uniform_int_distribution<int>(-9, 9)(rng);
+    default: {
+        double v = real(rng);
+        return elem == 4 ? static_cast<double>(static_cast<float>(v)) : v;
+    }
+    }
+}
+
+double Operand::get(int n, int r, int c) const
+{
+    if (constant) return value;
+    const unsigned char* p = arena.data() + offsets[index(n, r, c)];
+    if (elem == 4) {
+        float f;
+        std::memcpy(&f, p, 4);
+        return f;
+    }
+    double d;
+    std::memcpy(&d, p, 8);
+    return d;
+}
+
+void Operand::set(int n, int r, int c, double v)
+{
+    if (constant) {
+        value = elem == 4 ? static_cast<double>(static_cast<float>(v)) : v;
+        args.val = value;
+        return;
+    }
+    unsigned char* p = arena.data() + offsets[index(n, r, c)];
+    if (elem == 4) {
+        float f = static_cast<float>(v);
+        std::memcpy(p, &f, 4);
+    } else {
+        std::memcpy(p, &v, 8);
+    }
+}
+
+uint64_t Operand::bits(int n, int r, int c) const
+{
+    const unsigned char* p = arena.data() + offsets[index(n, r, c)];
+    uint64_t b = 0;
+    std::memcpy(&b, p, elem);
+    return b;
+}
+
+// ---- layouts --------------------------------------------------------------------
+
+namespace {
+
+int gap(std::mt19937& rng, bool packed)
+{
+    if (packed) return 0;
+    static const int gaps[] = {0, 1, 1, 2, 3};
+    return gaps[std::uniform_int_distribution<int>(0, 4)(rng)];
+}
+
+// Strides for nested axes: extents in the order given, innermost first.
+// Returns strides in bytes for the axes in the same order.
+std::vector<int64_t> nestedStrides(const std::vector<int>& extents, int elem, std::mt19937& rng, bool tightInner,
+                                   bool gapInner)
+{
+    std::vector<int64_t> s(extents.size());
+    int64_t step = elem * (1 + (gapInner ? 1 + gap(rng, false) : gap(rng, tightInner)));
+    for (size_t k = 0; k < extents.size(); ++k) {
+        s[k] = step;
+        step = step * extents[k] + elem * gap(rng, false);
+    }
+    return s;
+}
+
+const int kSlack = 64;  // guard bytes before and after everything
+
+void fillArena(Operand& op, int64_t used, std::mt19937& rng)
+{
+    op.arena.resize(static_cast<size_t>(used + 2 * kSlack));
+    for (auto& b : op.arena) b = static_cast<unsigned char>(rng());
+}
+
+}  // namespace
+
+void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
+{
+    const GroupInfo& g = op.info;
+    const int e = op.elem;
+    const int N = op.objects, R = op.rows, C = op.cols;
+    op.offsets.assign(static_cast<size_t>(N) * R * C, 0);
+    op.table.clear();
+    op.args = CallGroup{};
+    if (g.kind == "c") {
+        op.constant = true;
+        return;
+    }
+    const bool vec = g.kind == "v" || g.kind == "va" || g.kind == "ca";
+    const bool array = g.kind.size() == 2 && g.kind[1] == 'a';
+    bool packed = lay.form == Form::Packed;
+    if (lay.form == Form::Random) packed = std::uniform_int_distribution<int>(0, 2)(rng) != 0;
+    // Start at a 4-byte boundary that is often not 16-byte aligned.
+    const int64_t start = kSlack + 4 * std::uniform_int_distribution<int>(0, 3)(rng);
+    const char d = g.desc;
+
+    if (g.kind == "out" || g.kind == "buf" || g.kind == "piv" || g.kind == "cpiv") {
+        int64_t k = 0;
+        for (auto& o : op.offsets) o = start + e * k++;
+        fillArena(op, start + e * k, rng);
+        op.args.p = op.arena.data() + start;
+        return;
+    }
+
+    if (g.kind == "ca" && d != 'L') {
+        // A row of constants, Stride0 apart.
+        const int64_t s0 = e * (1 + gap(rng, false));
+        for (int n = 0; n < N; ++n) op.offsets[op.index(n, 0, 0)] = start + n * s0;
+        fillArena(op, start + s0 * (N - 1) + e, rng);
+        op.args.p = op.arena.data() + start;
+        op.args.s0 = static_cast<int>(s0);
+        return;
+    }
+    if (d == 'S' || (d == 'L' && !array)) {
+        // Axes n, r, c nested in a random order: interleaved objects,
+        // Stride2 above Stride1, or the usual row-major layout.
+        int order[3] = {2, 1, 0};  // innermost first: c, r, n
+        if (!packed && std::uniform_int_distribution<int>(0, 2)(rng) == 0) std::shuffle(order, order + 3, rng);
+        const int ext[3] = {N, R, C};
+        std::vector<int> extents = {ext[order[0]], ext[order[1]], ext[order[2]]};
+        auto st = nestedStrides(extents, e, rng, packed && order[0] == 2, lay.form == Form::Strided && order[0] == 2);
+        int64_t stride[3];
+        for (int k = 0; k < 3; ++k) stride[order[k]] = st[k];
+        if (packed) stride[2] = e;
+        if (vec) stride[1] = 0;
+        int64_t last = 0;
+        for (int n = 0; n < N; ++n)
+            for (int r = 0; r < R; ++r)
+                for (int c = 0; c < C; ++c) {
+                    int64_t o = start + n * stride[0] + r * stride[1] + c * stride[2];
+                    op.offsets[op.index(n, r, c)] = o;
+                    last = std::max(last, o + e);
+                }
+        fillArena(op, last, rng);
+        op.args.p = op.arena.data() + start;
+        op.args.s0 = array ? static_cast<int>(stride[0]) : 0;
+        op.args.s1 = static_cast<int>(stride[1]);
+        op.args.s2 = static_cast<int>(stride[2]);
+        return;
+    }
+    if (d == 'L') {
+        // Each object in a place of its own, in shuffled order.
+        const int roi = e * std::uniform_int_distribution<int>(0, 3)(rng);
+        int64_t s2 = e * (1 + (lay.form == Form::Strided ? 1 : gap(rng, packed))), s1 = 0;
+        bool colMajor = !packed && std::uniform_int_distribution<int>(0, 3)(rng) == 0;
+        int64_t objBytes;
+        if (colMajor) {
+            s1 = s2;
+            s2 = s1 * R + e * gap(rng, false);
+            objBytes = s2 * (C - 1) + s1 * (R - 1) + e;
+        } else {
+            s1 = s2 * C + e * gap(rng, false);
+            objBytes = s1 * (R - 1) + s2 * (C - 1) + e;
+        }
+        if (vec) s1 = 0, objBytes = s2 * (C - 1) + e;
+        std::vector<int> perm(N);
+        std::iota(perm.begin(), perm.end(), 0);
+        std::shuffle(perm.begin(), perm.end(), rng);
+        std::vector<int64_t> objStart(N);
+        int64_t pos = start + roi;
+        for (int k = 0; k < N; ++k) {
+            objStart[perm[k]] = pos;
+            pos += objBytes + e * gap(rng, false);
+            pos = (pos + 3) & ~int64_t(3);
+        }
+        for (int n = 0; n < N; ++n)
+            for (int r = 0; r < R; ++r)
+                for (int c = 0; c < C; ++c) op.offsets[op.index(n, r, c)] = objStart[n] + r * s1 + c * s2;
+        fillArena(op, pos, rng);
+        op.table.resize(N);
+        for (int n = 0; n < N; ++n) op.table[n] = op.arena.data() + objStart[n] - roi;
+        op.args.pp = op.table.data();
+        op.args.roi = roi;
+        op.args.s1 = static_cast<int>(s1);
+        op.args.s2 = static_cast<int>(s2);
+        return;
+    }
+    // P: one table entry per stored element position; objects Stride0 apart.
+    {
+        const int P = R * C;
+        const int roi = e * std::uniform_int_distribution<int>(0, 3)(rng);
+        std::vector<int> perm(P);
+        std::iota(perm.begin(), perm.end(), 0);
+        std::shuffle(perm.begin(), perm.end(), rng);
+        std::vector<int64_t> slot(P);
+        int64_t s0;
+        int64_t last;
+        if (std::uniform_int_distribution<int>(0, 1)(rng)) {
+            // Blocks: object n is a block of shuffled slots.
+            s0 = int64_t(e) * P + e * gap(rng, false);
+            for (int p = 0; p < P; ++p) slot[p] = start + roi + int64_t(e) * perm[p];
+            last = start + roi + s0 * N + e;
+        } else {
+            // Planes: each position is a run of objects.
+            s0 = e * (1 + gap(rng, false));
+            int64_t plane = s0 * N + e * gap(rng, false);
+            for (int p = 0; p < P; ++p) slot[p] = start + roi + plane * perm[p];
+            last = start + roi + plane * P + e;
+        }
+        for (int n = 0; n < N; ++n)
+            for (int p = 0; p < P; ++p) op.offsets[static_cast<size_t>(n) * P + p] = slot[p] + n * s0;
+        fillArena(op, last, rng);
+        op.table.resize(P);
+        for (int p = 0; p < P; ++p) op.table[p] = op.arena.data() + slot[p] - roi;
+        op.args.pp = op.table.data();
+        op.args.roi = roi;
+        op.args.s0 = array ? static_cast<int>(s0) : 0;
+    }
+}
+
+// ---- setups ---------------------------------------------------------------------
+
+Call Case::call() const
+{
+    Call c;
+    c.sizes = sizes;
+    for (auto& op : ops) c.g.push_back(op.args);
+    return c;
+}
+
+std::vector<std::vector<unsigned char>> Case::snapshot() const
+{
+    std::vector<std::vector<unsigned char>> out;
+    for (auto& op : ops) out.push_back(op.arena);
+    return out;
+}
+
+Case makeSetup(const Member& m, const std::map<std::string, int>& sizes, const ShapeFn& shape, const Layout& lay,
+                uint32_t seed, bool inPlace)
+{
+    Case s;
+    s.m = &m;
+    s.sizes = sizes;
+    std::mt19937 rng(seed);
+    for (auto& g : m.groups) {
+        Operand op;
+        op.info = g;
+        op.elem = m.elem;
+        if (!g.isSize()) {
+            Shape sh = shape(m, g, sizes);
+            op.objects = sh.objects, op.rows = sh.rows, op.cols = sh.cols;
+            Layout l = lay;
+            l.seed = static_cast<uint32_t>(rng());
+            std::mt19937 r2(l.seed);
+            layOut(op, l, r2);
+            for (int n = 0; n < op.objects; ++n)
+                for (int r = 0; r < op.rows; ++r)
+                    for (int c = 0; c < op.cols; ++c) op.set(n, r, c, randomValue(rng, m.elem));
+        }
+        s.ops.push_back(std::move(op));
+    }
+    if (inPlace) {
+        int dst = -1;
+        for (size_t k = 0; k < m.groups.size(); ++k)
+            if (m.groups[k].isWritten()) dst = static_cast<int>(k);
+        for (size_t k = 0; dst >= 0 && k < m.groups.size(); ++k) {
+            const Operand& src = s.ops[k];
+            const Operand& d = s.ops[dst];
+            if (static_cast<int>(k) == dst || src.constant || m.groups[k].isSize()) continue;
+            bool sameKind = (src.info.kind == "ma" && d.info.kind == "ma") || (src.info.kind == "va" && d.info.kind == "va") ||
+                            (src.info.kind == "m" && d.info.kind == "m") || (src.info.kind == "v" && d.info.kind == "v");
+            if (!sameKind || src.info.desc != d.info.desc) continue;
+            Operand copy = src;
+            copy.info = d.info;
+            s.ops[dst] = std::move(copy);
+            s.inPlaceOf = static_cast<int>(k);
+            break;
+        }
+    }
+    return s;
+}
+
+std::string describe(const Case& s)
+{
+    std::ostringstream o;
+    o << s.m->name << " sizes:";
+    for (auto& kv : s.sizes) o << ' ' << kv.first << '=' << kv.second;
+    for (auto& op : s.ops) {
+        if (op.info.isSize()) continue;
+        o << " | " << op.info.prefix << '(' << op.info.kind << op.info.desc << ") s0=" << op.args.s0
+          << " s1=" << op.args.s1 << " s2=" << op.args.s2 << " roi=" << op.args.roi;
+    }
+    if (s.inPlaceOf >= 0) o << " in-place";
+    return o.str();
+}
+
+}  // namespace kt
+
+namespace kt {
+
+int dstGroup(const Member& m)
+{
+    for (size_t k = 0; k < m.groups.size(); ++k)
+        if (m.groups[k].isWritten()) return static_cast<int>(k);
+    return -1;
+}
+
+std::string compareAfter(const Case& s, const std::vector<std::vector<unsigned char>>& before,
+                         const std::vector<double>& expected)
+{
+    auto want = before;
+    const int d = dstGroup(*s.m);
+    const int home = s.inPlaceOf >= 0 ? s.inPlaceOf : d;
+    const Operand& dst = s.ops[d];
+    for (size_t k = 0; k < expected.size(); ++k) {
+        uint64_t b = toBits(expected[k], dst.elem);
+        std::memcpy(want[home].data() + dst.offsets[k], &b, dst.elem);
+    }
+    for (size_t g = 0; g < s.ops.size(); ++g) {
+        if (s.inPlaceOf >= 0 && static_cast<int>(g) == d) continue;  // its memory is home's
+        const auto& got = s.ops[g].arena;
+        for (size_t i = 0; i < got.size(); ++i) {
+            if (got[i] != want[g][i]) {
+                std::ostringstream o;
+                o << "group " << s.ops[g].info.prefix << " byte " << i << ": got " << int(got[i]) << " want "
+                  << int(want[g][i]);
+                // Name the element if the byte belongs to one.
+                for (size_t k = 0; k < s.ops[g].offsets.size(); ++k)
+                    if (i >= size_t(s.ops[g].offsets[k]) && i < size_t(s.ops[g].offsets[k] + s.ops[g].elem))
+                        o << " (element " << k << ")";
+                return o.str() + " in " + describe(s);
+            }
+        }
+    }
+    return "";
+}
+
+std::string compareUntouched(const Case& s, const std::vector<std::vector<unsigned char>>& before)
+{
+    for (size_t g = 0; g < s.ops.size(); ++g)
+        if (s.ops[g].arena != before[g]) return "group " + s.ops[g].info.prefix + " was written in " + describe(s);
+    return "";
+}
+
+}  // namespace kt

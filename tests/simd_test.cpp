@@ -1,0 +1,77 @@
+// The vector layer against its scalar twin, and the element-wise kernel run
+// with both on the same operands.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "elementwise/elementwise.h"
+#include "frame/simd.h"
+
+namespace {
+
+using namespace kel;
+
+template <class T>
+std::vector<T> randomRow(std::mt19937& rng, int n)
+{
+    std::uniform_real_distribution<double> d(-100, 100);
+    std::vector<T> v(n);
+    for (auto& x : v) x = static_cast<T>(d(rng));
+    return v;
+}
+
+template <class T>
+void partialAccessesTouchExactlyK()
+{
+    constexpr int L = simd::kLanes<T>;
+    for (int k = 1; k < L; ++k) {
+        // Sentinels around the k elements must survive a load, op and store.
+        std::vector<T> buf(L + 2, T(-7)), out(L + 2, T(-9));
+        for (int i = 0; i < k; ++i) buf[1 + i] = T(i + 1);
+        auto a = simd::Pack<simd::Sse, T>::loadPart(&buf[1], k);
+        auto b = simd::Pack<simd::Scalar, T>::loadPart(&buf[1], k);
+        (a + a).storePart(&out[1], k);
+        std::vector<T> out2(L + 2, T(-9));
+        (b + b).storePart(&out2[1], k);
+        EXPECT_EQ(out, out2);
+        EXPECT_EQ(out[0], T(-9));
+        for (int i = k + 1; i < L + 2; ++i) EXPECT_EQ(out[i], T(-9)) << "k=" << k << " i=" << i;
+        for (int i = 0; i < k; ++i) EXPECT_EQ(out[1 + i], T(2 * (i + 1)));
+    }
+}
+
+TEST(Simd, PartialAccessesTouchExactlyK)
+{
+    partialAccessesTouchExactlyK<float>();
+    partialAccessesTouchExactlyK<double>();
+}
+
+template <class T, class Op>
+void kernelsAgree(int w, int h, int count)
+{
+    std::mt19937 rng(w * 100 + h * 10 + count);
+    const int rowStride = (w + 1) * sizeof(T);  // a gap after each row
+    const int objStride = rowStride * h;
+    auto a = randomRow<T>(rng, (w + 1) * h * count);
+    auto b = randomRow<T>(rng, (w + 1) * h);
+    std::vector<T> d1((w + 1) * h * count, T(3)), d2 = d1;
+    auto va = matArrS<const T>(a.data(), objStride, rowStride, sizeof(T));
+    auto vb = matS<const T>(b.data(), rowStride, sizeof(T));
+    auto vd1 = matArrS<T>(d1.data(), objStride, rowStride, sizeof(T));
+    auto vd2 = matArrS<T>(d2.data(), objStride, rowStride, sizeof(T));
+    elementwise::Kernel<Op, simd::Sse>{w, h, true}(count, nullptr, va, vb, vd1);
+    elementwise::Kernel<Op, simd::Scalar>{w, h, true}(count, nullptr, va, vb, vd2);
+    ASSERT_EQ(std::memcmp(d1.data(), d2.data(), d1.size() * sizeof(T)), 0) << w << "x" << h;
+}
+
+TEST(Simd, ElementwiseKernelEqualsScalarTwin)
+{
+    for (int w = 1; w <= 9; ++w)
+        for (int h : {1, 3, w}) {
+            kernelsAgree<float, elementwise::Plus>(w, h, 3);
+            kernelsAgree<double, elementwise::Minus>(w, h, 3);
+        }
+}
+
+}  // namespace

@@ -1,0 +1,379 @@
+#!/usr/bin/env python3
+"""Generates everything that follows from the member tables.
+
+The member tables (src/*/*.members) are the one list of what the library
+exports.  Each holds one family:
+
+    @family Add                         family name, as in the exported names
+    @frontend kel::elementwise::add     C++ front end the exports call
+    @shape mam  ma:src1 m:src2 ma:dst width height count
+    member      checks   estimate       limit
+    kelmAdd_mam_32f   NCBZ   W*H*(2*C+1)   3000/2000
+
+A @shape line gives, for one operand code, the argument groups in the order
+of the argument list: `kind:prefix` for an operand, a bare word for a size.
+Kinds: ma ta m t va v (matrices, transposed, vectors; `a` for arrays),
+c ca (constant, array of constants), out (plain result pointer), buf
+(scratch pointer), piv / cpiv (writable / read-only pivot table).  Groups
+named dst... are written, all others read.  A description letter turns each
+group into its arguments; a two-letter description (Copy) gives the first
+letter to the source group and the second to the destination group.
+
+Member rows: checks are the steps of the frame's check sequence in order;
+the estimate is an expression over W H L N C W1 H1 W2 H2 computed in wrapping
+32-bit arithmetic, or `-` for a single object; the limit is `packed/strided`,
+one number for both, `serial` for an array that never forks, or `-`.
+
+Outputs:
+    kelgen.py header OUT        the public header (include/kelm.h)
+    kelgen.py exports DIR       one C++ file of export functions per family
+    kelgen.py mapfile OUT       the linker's export list
+    kelgen.py registry OUT      the test registry
+    kelgen.py names             the exported names, one a line
+"""
+import glob
+import os
+import re
+import sys
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+
+SIZE_FIELDS = {
+    "width": "W", "height": "H", "len": "L", "size": "N", "count": "C",
+    "src1Width": "W1", "src1Height": "H1", "src2Width": "W2", "src2Height": "H2",
+}
+ESTIMATE_VARS = ["W", "H", "L", "N", "C", "W1", "H1", "W2", "H2"]
+OPERAND_KINDS = ["ma", "ta", "m", "t", "va", "v", "ca", "c"]
+NAME_RE = re.compile(r"^kelm([A-Za-z0-9]+?)_([a-z0-9]+)_(32f|64f)(?:_([SLP]{1,2}))?$")
+
+
+class Member:
+    def __init__(self, family, name, order, estimate, limit, line):
+        m = NAME_RE.match(name)
+        if not m or m.group(1) != family.name:
+            raise SystemExit(f"{family.path}:{line}: bad member name {name}")
+        self.family = family
+        self.name = name
+        self.code = m.group(2)
+        self.type = m.group(3)
+        self.desc = m.group(4) or "S"
+        self.order = order
+        self.estimate = None if estimate == "-" else estimate
+        self.limit = limit
+        if self.code not in family.shapes:
+            raise SystemExit(f"{family.path}:{line}: no @shape for {self.code}")
+        self.groups = family.shapes[self.code]
+
+    @property
+    def elem(self):
+        return "Kel32f" if self.type == "32f" else "Kel64f"
+
+    def limits(self):
+        if self.limit == "-":
+            return None
+        if self.limit == "serial":
+            return ("kel::kSerialOnly", "kel::kSerialOnly")
+        parts = self.limit.split("/")
+        return (parts[0], parts[-1])
+
+    def group_descs(self):
+        """Description letter of each operand group, in argument order."""
+        operands = [g for g in self.groups if g[0] not in ("size",)]
+        if len(self.desc) == 1:
+            return [self.desc] * len(operands)
+        described = [g for g in operands if g[0] in OPERAND_KINDS]
+        if len(described) != 2:
+            raise SystemExit(f"{self.name}: two-letter description needs two operands")
+        out, k = [], 0
+        for g in operands:
+            if g[0] in OPERAND_KINDS:
+                out.append(self.desc[k])
+                k += 1
+            else:
+                out.append("S")
+        return out
+
+    def args(self):
+        """[(ctype, name, group_index, field)] and the view expressions."""
+        args, views = [], []
+        descs = iter(self.group_descs())
+        for gi, g in enumerate(self.groups):
+            if g[0] == "size":
+                args.append(("int", g[1], gi, "size"))
+                continue
+            kind, prefix = g
+            d = next(descs)
+            a, v = group_args(kind, prefix, d, self.elem)
+            args += [(t, n, gi, f) for (t, n, f) in a]
+            views.append((gi, kind, v))
+        return args, views
+
+    def call_views(self):
+        """View expressions in the order of the operation: operands in the
+        order of the letters of the operand code, then the other groups in
+        argument order."""
+        _, views = self.args()
+        letters = split_code(self.code)
+        used, ordered = set(), []
+        for letter in letters:
+            for gi, kind, v in views:
+                if gi not in used and kind == letter and not self.groups[gi][1].startswith("dst"):
+                    used.add(gi)
+                    ordered.append(v)
+                    break
+            else:
+                # Copy, Extract, LoadIdentity: the code names the one described operand.
+                pass
+        ordered += [v for gi, kind, v in views if gi not in used]
+        return ordered
+
+    def sizes(self):
+        return [g[1] for g in self.groups if g[0] == "size"]
+
+
+def split_code(code):
+    out, i = [], 0
+    while i < len(code):
+        if code[i + 1:i + 2] == "a":
+            out.append(code[i:i + 2])
+            i += 2
+        else:
+            out.append(code[i])
+            i += 1
+    return out
+
+
+def cap(prefix):
+    return prefix[0].upper() + prefix[1:]
+
+
+def group_args(kind, prefix, d, elem):
+    """Arguments of one group and the C++ expression of its view."""
+    writable = prefix.startswith("dst")
+    ct = elem if writable else f"const {elem}"
+    pp = f"pp{cap(prefix)}"
+    s0, s1, s2, roi = (f"{prefix}Stride0", f"{prefix}Stride1", f"{prefix}Stride2", f"{prefix}RoiShift")
+    tab = f"{ct}* const*"
+    ptr = f"{ct}*"
+    if kind in ("out", "buf"):
+        return [(f"{elem}*" if kind == "buf" or writable else ptr, prefix, "p")], f"kel::plain({prefix})"
+    if kind in ("piv", "cpiv"):
+        t = "int*" if kind == "piv" else "const int*"
+        return [(t, prefix, "p")], f"kel::plain({prefix})"
+    if kind == "c":
+        return [(elem, prefix, "val")], f"kel::cst<{elem}>({prefix})"
+    if kind == "ca":
+        if d == "L":
+            return [(tab, f"pp{cap(prefix)}", "pp"), ("int", roi, "roi")], f"kel::cstArrL<{ct}>({pp}, {roi})"
+        return [(ptr, prefix, "p"), ("int", s0, "s0")], f"kel::cstArr{d}<{ct}>({prefix}, {s0})"
+    trans = "true" if kind in ("t", "ta") else "false"
+    if kind in ("ma", "ta"):
+        if d == "S":
+            return ([(ptr, prefix, "p"), ("int", s0, "s0"), ("int", s1, "s1"), ("int", s2, "s2")],
+                    f"kel::matArrS<{ct}, {trans}>({prefix}, {s0}, {s1}, {s2})")
+        if d == "L":
+            return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s1, "s1"), ("int", s2, "s2")],
+                    f"kel::matArrL<{ct}, {trans}>({pp}, {roi}, {s1}, {s2})")
+        return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s0, "s0")],
+                f"kel::matArrP<{ct}, {trans}>({pp}, {roi}, {s0})")
+    if kind in ("m", "t"):
+        if d == "P":
+            return [(tab, pp, "pp"), ("int", roi, "roi")], f"kel::matP<{ct}, {trans}>({pp}, {roi})"
+        return ([(ptr, prefix, "p"), ("int", s1, "s1"), ("int", s2, "s2")],
+                f"kel::matS<{ct}, {trans}, kel::Desc::{d}>({prefix}, {s1}, {s2})")
+    if kind == "va":
+        if d == "S":
+            return ([(ptr, prefix, "p"), ("int", s0, "s0"), ("int", s2, "s2")],
+                    f"kel::vecArrS<{ct}>({prefix}, {s0}, {s2})")
+        if d == "L":
+            return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s2, "s2")],
+                    f"kel::vecArrL<{ct}>({pp}, {roi}, {s2})")
+        return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s0, "s0")],
+                f"kel::vecArrP<{ct}>({pp}, {roi}, {s0})")
+    if kind == "v":
+        if d == "P":
+            return [(tab, pp, "pp"), ("int", roi, "roi")], f"kel::vecP<{ct}>({pp}, {roi})"
+        return [(ptr, prefix, "p"), ("int", s2, "s2")], f"kel::vecS<{ct}, kel::Desc::{d}>({prefix}, {s2})"
+    raise SystemExit(f"unknown group kind {kind}")
+
+
+class Family:
+    def __init__(self, path):
+        self.path = path
+        self.folder = os.path.basename(os.path.dirname(path))
+        self.name = None
+        self.frontend = None
+        self.shapes = {}
+        self.members = []
+        self.comment = []
+        with open(path) as f:
+            for no, raw in enumerate(f, 1):
+                line = raw.split("#", 1)[0].strip()
+                if raw.startswith("##"):
+                    self.comment.append(raw[2:].strip())
+                if not line:
+                    continue
+                words = line.split()
+                if words[0] == "@family":
+                    self.name = words[1]
+                elif words[0] == "@frontend":
+                    self.frontend = words[1]
+                elif words[0] == "@shape":
+                    groups = []
+                    for w in words[2:]:
+                        if ":" in w:
+                            kind, prefix = w.split(":")
+                            groups.append((kind, prefix))
+                        else:
+                            if w not in SIZE_FIELDS:
+                                raise SystemExit(f"{path}:{no}: unknown size {w}")
+                            groups.append(("size", w))
+                    self.shapes[words[1]] = groups
+                else:
+                    if len(words) != 4:
+                        raise SystemExit(f"{path}:{no}: expected member, checks, estimate, limit")
+                    self.members.append(Member(self, *words, no))
+
+
+def load_families():
+    paths = sorted(glob.glob(os.path.join(ROOT, "src", "*", "*.members")))
+    fams = [Family(p) for p in paths]
+    seen = set()
+    for fam in fams:
+        for m in fam.members:
+            if m.name in seen:
+                raise SystemExit(f"{m.name} listed twice")
+            seen.add(m.name)
+    return fams
+
+
+def all_members(fams):
+    return [m for fam in fams for m in fam.members]
+
+
+def prototype(m, sep=", "):
+    args, _ = m.args()
+    return f"KelStatus {m.name}(" + sep.join(f"{t} {n}" for t, n, _, _ in args) + ")"
+
+
+def cmd_header(fams, out):
+    with open(os.path.join(ROOT, "tools", "kelm.h.in")) as f:
+        template = f.read()
+    lines = []
+    for fam in fams:
+        lines.append(f"/* ---- {fam.name} ---- */")
+        lines += [f"/* {c} */" for c in fam.comment]
+        for m in fam.members:
+            lines.append(f"KELM_API {prototype(m)};")
+        lines.append("")
+    write_if_changed(out, template.replace("@DECLARATIONS@", "\n".join(lines)))
+
+
+def estimate_fn(expr):
+    used = [v for v in ESTIMATE_VARS if re.search(rf"\b{v}\b", expr)]
+    decl = " ".join(f"const uint32_t {v} = static_cast<uint32_t>(s.{v});" for v in used)
+    return (f"[](const kel::Sizes& s) -> int32_t {{ {decl} "
+            f"return static_cast<int32_t>({expr}); }}")
+
+
+def cmd_exports(fams, outdir):
+    os.makedirs(outdir, exist_ok=True)
+    for fam in fams:
+        lines = [
+            f"// Exports of {fam.name}, generated from {os.path.relpath(fam.path, ROOT)}.",
+            f'#include "{fam.folder}/{fam.name.lower()}.h"',
+            "",
+            "#include <cstdint>",
+            "",
+            'extern "C" {',
+            "",
+        ]
+        for m in fam.members:
+            lim = m.limits()
+            est = estimate_fn(m.estimate) if m.estimate else "nullptr"
+            lp, ls = lim if lim else ("0", "0")
+            sizes = "".join(f"    sz.{SIZE_FIELDS[s]} = {s};\n" for s in m.sizes())
+            views = ",\n        ".join(m.call_views())
+            lines.append(f"KELM_API {prototype(m)}\n{{")
+            lines.append(f'    static constexpr kel::Traits tr{{"{m.order}", {est}, {lp}, {ls}}};')
+            lines.append(f"    kel::Sizes sz;\n{sizes.rstrip()}" if sizes else "    kel::Sizes sz;")
+            lines.append(f"    return {fam.frontend}(tr, sz,\n        {views});")
+            lines.append("}\n")
+        lines.append('}  // extern "C"')
+        write_if_changed(os.path.join(outdir, f"exports_{fam.name.lower()}.cpp"), "\n".join(lines) + "\n")
+
+
+def cmd_mapfile(fams, out):
+    names = ["kelmGetLibVersion"] + [m.name for m in all_members(fams)]
+    body = "".join(f"    {n};\n" for n in names)
+    write_if_changed(out, "{\n  global:\n" + body + "  local:\n    *;\n};\n")
+
+
+def cmd_registry(fams, out):
+    lines = ["// Test registry, generated from the member tables.", ""]
+    for m in all_members(fams):
+        args, _ = m.args()
+        call = []
+        for t, n, gi, field in args:
+            if field == "size":
+                call.append(f"c.size(\"{n}\")")
+            elif field == "val":
+                call.append(f"static_cast<{t}>(c.g[{gi}].val)")
+            elif field in ("p", "pp"):
+                call.append(f"({t})c.g[{gi}].{field}")
+            else:
+                call.append(f"c.g[{gi}].{field}")
+        groups = []
+        descs = iter(m.group_descs())
+        for g in m.groups:
+            if g[0] == "size":
+                groups.append(f'{{"size", "{g[1]}", \'-\'}}')
+            else:
+                groups.append(f'{{"{g[0]}", "{g[1]}", \'{next(descs)}\'}}')
+        lim = m.limits()
+        lp, ls = (lim if lim else ("0", "0"))
+        lp = lp.replace("kel::kSerialOnly", "kt::kSerialOnly")
+        ls = ls.replace("kel::kSerialOnly", "kt::kSerialOnly")
+        est = m.estimate or ""
+        lines.append(
+            f'KT_MEMBER("{m.name}", "{m.family.name}", "{m.code}", "{m.desc}", {4 if m.type == "32f" else 8}, '
+            f'"{m.order}", "{est}", {lp}, {ls}, {bool(lim) and "true" or "false"}, '
+            f'({{{", ".join(groups)}}}), '
+            f'[](const kt::Call& c) -> KelStatus {{ return {m.name}({", ".join(call)}); }})')
+    write_if_changed(out, "\n".join(lines) + "\n")
+
+
+def write_if_changed(path, text):
+    try:
+        with open(path) as f:
+            if f.read() == text:
+                return
+    except FileNotFoundError:
+        pass
+    with open(path, "w") as f:
+        f.write(text)
+
+
+def main():
+    fams = load_families()
+    cmd = sys.argv[1] if len(sys.argv) > 1 else "names"
+    if cmd == "header":
+        cmd_header(fams, sys.argv[2])
+    elif cmd == "exports":
+        cmd_exports(fams, sys.argv[2])
+    elif cmd == "mapfile":
+        cmd_mapfile(fams, sys.argv[2])
+    elif cmd == "registry":
+        cmd_registry(fams, sys.argv[2])
+    elif cmd == "names":
+        for m in all_members(fams):
+            print(m.name)
+    elif cmd == "sources":
+        for fam in fams:
+            print(f"exports_{fam.name.lower()}.cpp")
+    else:
+        raise SystemExit(__doc__)
+
+
+if __name__ == "__main__":
+    main()
