@@ -2,6 +2,9 @@
 // size and layout.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstring>
+
 #include "families.h"
 #include "harness.h"
 
@@ -100,7 +103,7 @@ TEST_P(Elementwise, MatchesModelOnEveryLayout)
     uint32_t seed = 1;
     for (auto& sizes : sizeGrid(m)) {
         for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeSetup(m, sizes, shapeOf(m.family), Layout{form}, seed++);
+            Case s = makeCase(m, sizes, Layout{form}, seed++);
             runAndCompare(s);
             if (HasFatalFailure()) return;
         }
@@ -113,7 +116,7 @@ TEST_P(Elementwise, InPlaceWithTheSameLayout)
     uint32_t seed = 1000;
     for (auto& sizes : sizeGrid(m)) {
         for (Form form : {Form::Packed, Form::Random}) {
-            Case s = makeSetup(m, sizes, shapeOf(m.family), Layout{form}, seed++, true);
+            Case s = makeCase(m, sizes, Layout{form}, seed++, true);
             if (s.inPlaceOf < 0) GTEST_SKIP() << "no source shares the result's shape";
             runAndCompare(s);
             if (HasFatalFailure()) return;
@@ -133,7 +136,7 @@ TEST_P(Elementwise, SameResultForEveryThreadCount)
             if (g.isSize()) use[g.prefix] = sizes[g.prefix];
         for (int threads : {1, 2, 3, 7}) {
             forceThreads(threads);
-            Case s = makeSetup(m, use, shapeOf(m.family), Layout{Form::Random}, 77 + threads);
+            Case s = makeCase(m, use, Layout{Form::Random}, 77 + threads);
             runAndCompare(s);
             forceThreads(0);
             if (HasFatalFailure()) return;
@@ -146,7 +149,7 @@ TEST_P(Elementwise, NaNStaysInItsElement)
 {
     const Member& m = member(GetParam());
     std::map<std::string, int> sizes = validSizes(m, 4);
-    Case s = makeSetup(m, sizes, shapeOf(m.family), Layout{Form::Random}, 5);
+    Case s = makeCase(m, sizes, Layout{Form::Random}, 5);
     auto ops = operandGroups(m);
     Operand& first = s.ops[ops[0]];
     first.set(0, 0, 0, std::numeric_limits<double>::quiet_NaN());
@@ -155,6 +158,46 @@ TEST_P(Elementwise, NaNStaysInItsElement)
 
 std::string paramName(const ::testing::TestParamInfo<std::string>& p) { return p.param; }
 
+KT_FAMILY("Add", FamilyHooks{elementwiseShape, {}, {}, {}});
+KT_FAMILY("Sub", FamilyHooks{elementwiseShape, {}, {}, {}});
+
 INSTANTIATE_TEST_SUITE_P(Add, Elementwise, ::testing::ValuesIn(memberNames({"Add"})), paramName);
+INSTANTIATE_TEST_SUITE_P(Sub, Elementwise, ::testing::ValuesIn(memberNames({"Sub"})), paramName);
+
+// The constant on the left is that very subtraction, not a negated one.
+TEST(Sub, ConstantOnTheLeft)
+{
+    const float src[3] = {1, 2, 3};
+    float cv[3], vc[3];
+    ASSERT_EQ(kelmSub_cv_32f(src, 4, 1.0f, cv, 4, 3), kelStsNoErr);
+    ASSERT_EQ(kelmSub_vc_32f(src, 4, 1.0f, vc, 4, 3), kelStsNoErr);
+    EXPECT_EQ(cv[0], 0.0f);
+    EXPECT_FALSE(std::signbit(cv[0]));  // 1 - 1 is +0; -(1 - 1) would be -0
+    EXPECT_EQ(cv[1], -1.0f);
+    EXPECT_EQ(cv[2], -2.0f);
+    EXPECT_EQ(vc[1], 1.0f);
+    EXPECT_EQ(vc[2], 2.0f);
+}
+
+// With NaN on both sides the left operand's payload survives.
+TEST(Sub, LeftNaNPayloadWins)
+{
+    auto nan = [](uint64_t payload) {
+        uint64_t b = 0x7ff8000000000000ull | payload;
+        double d;
+        std::memcpy(&d, &b, 8);
+        return d;
+    };
+    const double left = nan(0x1234), right = nan(0x5678);
+    const double v[4] = {right, right, right, right};
+    double out[4];
+    ASSERT_EQ(kelmSub_cv_64f(v, 8, left, out, 8, 4), kelStsNoErr);
+    uint64_t got;
+    std::memcpy(&got, &out[3], 8);
+    EXPECT_EQ(got & 0xffff, 0x1234u);
+    ASSERT_EQ(kelmSub_vc_64f(v, 8, left, out, 8, 4), kelStsNoErr);
+    std::memcpy(&got, &out[3], 8);
+    EXPECT_EQ(got & 0xffff, 0x5678u);
+}
 
 }  // namespace

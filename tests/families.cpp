@@ -2,11 +2,12 @@
 
 #include <cctype>
 #include <stdexcept>
+#include <utility>
 
 namespace kt {
 
 namespace {
-int objectsOf(const GroupInfo& g, const std::map<std::string, int>& sizes)
+int objectsOf(const GroupInfo& g, const Sizes& sizes)
 {
     const bool array = g.kind.size() == 2 && g.kind[1] == 'a';
     auto it = sizes.find("count");
@@ -19,7 +20,7 @@ int sizeOr(const std::map<std::string, int>& s, const char* name, int dflt)
 }
 }  // namespace
 
-Shape elementwiseShape(const Member&, const GroupInfo& g, const std::map<std::string, int>& sizes)
+Shape elementwiseShape(const Member&, const GroupInfo& g, const Sizes& sizes)
 {
     const int n = objectsOf(g, sizes);
     const int w = sizeOr(sizes, "width", 1), h = sizeOr(sizes, "height", 1), len = sizeOr(sizes, "len", 1);
@@ -29,20 +30,51 @@ Shape elementwiseShape(const Member&, const GroupInfo& g, const std::map<std::st
     return {n, h, w};
 }
 
-ShapeFn shapeOf(const std::string& family)
+namespace {
+std::map<std::string, FamilyHooks>& families()
 {
-    if (family == "Add" || family == "Sub") return elementwiseShape;
-    throw std::runtime_error("no shape function for family " + family);
+    static std::map<std::string, FamilyHooks> all;
+    return all;
+}
+}  // namespace
+
+void registerFamily(const std::string& name, FamilyHooks hooks) { families()[name] = std::move(hooks); }
+
+const FamilyHooks& family(const std::string& name)
+{
+    auto it = families().find(name);
+    if (it == families().end()) throw std::runtime_error("no test hooks for family " + name);
+    return it->second;
 }
 
-std::map<std::string, int> validSizes(const Member& m, int count)
+std::vector<std::string> registeredFamilies()
 {
-    std::map<std::string, int> s;
-    for (auto& g : m.groups) {
-        if (!g.isSize()) continue;
-        s[g.prefix] = g.prefix == "count" ? count : 3;
-    }
+    std::vector<std::string> out;
+    for (auto& kv : families()) out.push_back(kv.first);
+    return out;
+}
+
+ShapeFn shapeOf(const std::string& name) { return family(name).shape; }
+
+Sizes validSizes(const Member& m, int count)
+{
+    const FamilyHooks& h = family(m.family);
+    if (h.sizes) return h.sizes(m, count);
+    Sizes s;
+    for (auto& g : m.groups)
+        if (g.isSize()) s[g.prefix] = g.prefix == "count" ? count : 3;
     return s;
+}
+
+Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t seed, bool inPlace)
+{
+    const FamilyHooks& h = family(m.family);
+    Case c = makeSetup(m, sizes, h.shape, lay, seed, inPlace);
+    if (h.fill) {
+        std::mt19937 rng(seed * 7919u + 1);
+        h.fill(c, rng);
+    }
+    return c;
 }
 
 // Recursive descent over + * ( ) and names, in uint32 arithmetic.
@@ -98,7 +130,7 @@ struct Parser {
 };
 }  // namespace
 
-int32_t evalEstimate(const std::string& formula, const std::map<std::string, int>& sizes)
+int32_t evalEstimate(const std::string& formula, const Sizes& sizes)
 {
     Parser p{formula, sizes};
     return static_cast<int32_t>(p.sum());

@@ -1,26 +1,54 @@
-// What the generic tests need to know of each family: the stored shape of
-// each operand group for given sizes, and sizes that make a valid call.
+// What the generic tests (check orders, limits) need to know of a family.
+// Each family's test file registers its hooks with KT_FAMILY; the generic
+// tests then cover every member of every registered family.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "harness.h"
 
 namespace kt {
 
+using Sizes = std::map<std::string, int>;
+
+struct FamilyHooks {
+    // Stored shape of each operand group for given sizes.
+    ShapeFn shape;
+    // Valid sizes for a call with `count` objects; default: every size 3.
+    std::function<Sizes(const Member&, int count)> sizes;
+    // Size changes that make the operands not fit together (step M), each
+    // applied alone to valid sizes.
+    std::function<std::vector<Sizes>(const Member&, const Sizes& valid)> mismatches;
+    // Fills the operands of a case with values the member accepts (for
+    // instance well-conditioned matrices); default: random values.
+    std::function<void(Case&, std::mt19937&)> fill;
+};
+
+void registerFamily(const std::string& name, FamilyHooks hooks);
+const FamilyHooks& family(const std::string& name);
+std::vector<std::string> registeredFamilies();
+
+// Shortcuts over the hooks.
+ShapeFn shapeOf(const std::string& family);
+Sizes validSizes(const Member& m, int count);
+// A case of member m with valid data for its family.
+Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t seed, bool inPlace = false);
+
 // Stored shape of a group of an element-wise member (Add, Sub): the result
 // has `height` rows and `width` columns (or `len` elements); a transposed
 // operand is stored with `height` columns.
-Shape elementwiseShape(const Member& m, const GroupInfo& g, const std::map<std::string, int>& sizes);
-
-// The shape function of a family; throws for a family without one.
-ShapeFn shapeOf(const std::string& family);
-
-// Small valid sizes for a member: 3 x 3 matrices or 3-vectors, the given count.
-std::map<std::string, int> validSizes(const Member& m, int count);
+Shape elementwiseShape(const Member& m, const GroupInfo& g, const Sizes& sizes);
 
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
-int32_t evalEstimate(const std::string& formula, const std::map<std::string, int>& sizes);
+int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
 
 }  // namespace kt
+
+#define KT_CAT2(a, b) a##b
+#define KT_CAT(a, b) KT_CAT2(a, b)
+// Registers a family's hooks at start-up: KT_FAMILY("Add", hooks).
+#define KT_FAMILY(name, ...) \
+    static const bool KT_CAT(kt_family_, __LINE__) = (kt::registerFamily(name, __VA_ARGS__), true)

@@ -13,7 +13,7 @@ exports.  Each holds one family:
 A @shape line gives, for one operand code, the argument groups in the order
 of the argument list: `kind:prefix` for an operand, a bare word for a size.
 Kinds: ma ta m t va v (matrices, transposed, vectors; `a` for arrays),
-c ca (constant, array of constants), out (plain result pointer), buf
+c ca (constant, array of constants), out (dense result buffer), buf
 (scratch pointer), piv / cpiv (writable / read-only pivot table).  Groups
 named dst... are written, all others read.  A description letter turns each
 group into its arguments; a two-letter description (Copy) gives the first
@@ -155,11 +155,13 @@ def group_args(kind, prefix, d, elem):
     s0, s1, s2, roi = (f"{prefix}Stride0", f"{prefix}Stride1", f"{prefix}Stride2", f"{prefix}RoiShift")
     tab = f"{ct}* const*"
     ptr = f"{ct}*"
-    if kind in ("out", "buf"):
-        return [(f"{elem}*" if kind == "buf" or writable else ptr, prefix, "p")], f"kel::plain({prefix})"
+    if kind == "buf":
+        return [(f"{elem}*", prefix, "p")], f"kel::plain({prefix})"
+    if kind == "out":
+        return [(ptr, prefix, "p")], f"kel::dense({prefix})"
     if kind in ("piv", "cpiv"):
         t = "int*" if kind == "piv" else "const int*"
-        return [(t, prefix, "p")], f"kel::plain({prefix})"
+        return [(t, prefix, "p")], f"kel::dense({prefix})"
     if kind == "c":
         return [(elem, prefix, "val")], f"kel::cst<{elem}>({prefix})"
     if kind == "ca":

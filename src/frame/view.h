@@ -70,7 +70,7 @@ inline bool badShift(int32_t r)
 }
 
 // Kinds of operand, used by the front ends to tell views apart.
-enum class Kind : unsigned char { Matrix, Vector, Constant };
+enum class Kind : unsigned char { Matrix, Vector, Constant, Buffer };
 
 // An object (matrix or vector), single or array, in one description.
 //   T      element type, const for sources
@@ -228,11 +228,12 @@ struct ConstArr {
     }
 };
 
-// A plain pointer argument with no description (pBuffer, pivot tables,
-// dense results).  Takes part in the null-pointer step only.
+// A plain pointer argument with no description: the caller's scratch.
+// Takes part in the null-pointer step only and stays put in a team.
 template <class T>
 struct Plain {
     static constexpr bool array = false;
+    static constexpr Kind kind = Kind::Buffer;
     T* ptr;
     bool null() const { return ptr == nullptr; }
     bool badStrides(bool = true) const { return false; }
@@ -240,6 +241,31 @@ struct Plain {
     bool badRoi() const { return false; }
     bool packed() const { return true; }
     Plain slice(int32_t) const { return *this; }
+};
+
+// A dense run of `per` elements for each object, objects one after the
+// other: pivot tables, results of reductions, gathered copies.  The front
+// end sets `per` once the sizes are known; a team's slice starts at its
+// first object's run.
+template <class T>
+struct Dense {
+    static constexpr bool array = true;
+    static constexpr Kind kind = Kind::Buffer;
+    T* ptr;
+    int32_t per = 1;
+    bool null() const { return ptr == nullptr; }
+    bool badStrides(bool = true) const { return false; }
+    bool badStride0() const { return false; }
+    bool badRoi() const { return false; }
+    bool packed() const { return true; }
+    void setPerObject(int32_t n) { per = n; }
+    T* at(int32_t n, int32_t k = 0) const { return ptr + static_cast<int64_t>(n) * per + k; }
+    Dense slice(int32_t f) const
+    {
+        Dense v = *this;
+        v.ptr = at(f);
+        return v;
+    }
 };
 
 // Factories used by the generated exports.  Argument order follows the
@@ -345,6 +371,11 @@ template <class T>
 inline Plain<T> plain(T* p)
 {
     return Plain<T>{p};
+}
+template <class T>
+inline Dense<T> dense(T* p)
+{
+    return Dense<T>{p, 1};
 }
 
 }  // namespace kel
