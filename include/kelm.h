@@ -61,7 +61,7 @@ typedef struct {
 /* The version record of this build; static, never freed by the caller. */
 KELM_API const KelLibraryVersion* kelmGetLibVersion(void);
 
-/* ---- Add ---- */
+/* ---- Add (add) ---- */
 /* Add: dst = src1 + src2, element by element, one rounded addition each. */
 KELM_API KelStatus kelmAdd_mm_32f(const Kel32f* src1, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride1, int dstStride2, int width, int height);
 KELM_API KelStatus kelmAdd_mm_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int width, int height);
@@ -156,7 +156,7 @@ KELM_API KelStatus kelmAdd_vaca_64f(const Kel64f* src, int srcStride0, int srcSt
 KELM_API KelStatus kelmAdd_vaca_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, const Kel64f* const* ppVal, int valRoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
 KELM_API KelStatus kelmAdd_vaca_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, const Kel64f* val, int valStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
 
-/* ---- Sub ---- */
+/* ---- Sub (sub) ---- */
 /* Sub: dst = left - right, element by element, one rounded subtraction each. */
 /* In the members whose code begins with c the constant is the left operand, */
 /* but its arguments still follow the vector's. */

@@ -10,6 +10,10 @@ exports.  Each holds one family:
     member      checks   estimate       limit
     kelmAdd_mam_32f   NCBZ   W*H*(2*C+1)   3000/2000
 
+A table is named after its C++ header: src/products/mulmm.members is
+included as "products/mulmm.h" by the generated exports_mulmm.cpp, so a
+family may be split over several tables.
+
 A @shape line gives, for one operand code, the argument groups in the order
 of the argument list: `kind:prefix` for an operand, a bare word for a size.
 Kinds: ma ta m t va v (matrices, transposed, vectors; `a` for arrays),
@@ -203,6 +207,7 @@ class Family:
     def __init__(self, path):
         self.path = path
         self.folder = os.path.basename(os.path.dirname(path))
+        self.stem = os.path.splitext(os.path.basename(path))[0]
         self.name = None
         self.frontend = None
         self.shapes = {}
@@ -263,7 +268,7 @@ def cmd_header(fams, out):
         template = f.read()
     lines = []
     for fam in fams:
-        lines.append(f"/* ---- {fam.name} ---- */")
+        lines.append(f"/* ---- {fam.name} ({fam.stem}) ---- */")
         lines += [f"/* {c} */" for c in fam.comment]
         for m in fam.members:
             lines.append(f"KELM_API {prototype(m)};")
@@ -283,7 +288,7 @@ def cmd_exports(fams, outdir):
     for fam in fams:
         lines = [
             f"// Exports of {fam.name}, generated from {os.path.relpath(fam.path, ROOT)}.",
-            f'#include "{fam.folder}/{fam.name.lower()}.h"',
+            f'#include "{fam.folder}/{fam.stem}.h"',
             "",
             "#include <cstdint>",
             "",
@@ -302,7 +307,7 @@ def cmd_exports(fams, outdir):
             lines.append(f"    return {fam.frontend}(tr, sz,\n        {views});")
             lines.append("}\n")
         lines.append('}  // extern "C"')
-        write_if_changed(os.path.join(outdir, f"exports_{fam.name.lower()}.cpp"), "\n".join(lines) + "\n")
+        write_if_changed(os.path.join(outdir, f"exports_{fam.stem}.cpp"), "\n".join(lines) + "\n")
 
 
 def cmd_mapfile(fams, out):
@@ -372,7 +377,7 @@ def main():
             print(m.name)
     elif cmd == "sources":
         for fam in fams:
-            print(f"exports_{fam.name.lower()}.cpp")
+            print(f"exports_{fam.stem}.cpp")
     else:
         raise SystemExit(__doc__)
 
