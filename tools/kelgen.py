@@ -25,8 +25,10 @@ letter to the source group and the second to the destination group.
 
 Member rows: checks are the steps of the frame's check sequence in order;
 the estimate is an expression over W H L N C W1 H1 W2 H2 computed in wrapping
-32-bit arithmetic, or `-` for a single object; the limit is `packed/strided`,
-one number for both, `serial` for an array that never forks, or `-`.
+32-bit arithmetic, or `-` where there is none (single objects, families
+that never fork: the kernel then runs serially on all objects); the limit is
+`packed/strided`, one number for both, `serial` for an array that has an
+estimate but never forks, or `-` with no estimate.
 
 Outputs:
     kelgen.py header OUT        the public header (include/kelm.h)

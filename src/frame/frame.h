@@ -45,7 +45,8 @@ constexpr int32_t kSerialOnly = INT32_MAX;  // limit of a member without driver
 //          N null pointers, C count, Z sizes, M size mismatch,
 //          B all strides, b strides but Stride0, 0 Stride0 when count > 1,
 //          R ROI shifts
-//   estimate, limitPacked, limitStrided: null estimate for single objects
+//   estimate, limitPacked, limitStrided: a null estimate runs the kernel
+//          serially on all objects (single objects, families without driver)
 struct Traits {
     const char* order;
     Estimate estimate;
@@ -182,7 +183,8 @@ KelStatus drive(const DriverInfo& info, const Kernel& kern, int32_t count, const
 template <class Kernel, class... V>
 KelStatus dispatch(const Traits& tr, const Sizes& s, const DriverInfo& info, const Kernel& kern, const V&... v)
 {
-    if (tr.estimate == nullptr) return kern(1, info.callerScratch, v...);
+    // Single objects (count stays 1) and families without a driver.
+    if (tr.estimate == nullptr) return kern(s.C, info.callerScratch, v...);
     const int32_t limit = allPacked(v...) ? tr.limitPacked : tr.limitStrided;
     if (limit == kSerialOnly || tr.estimate(s) < limit) return kern(s.C, info.callerScratch, v...);
     return drive(info, kern, s.C, v...);
