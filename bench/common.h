@@ -25,7 +25,7 @@ std::vector<T> randomData(std::size_t n, unsigned seed = 1)
 // Reports time per object and bytes moved per second.
 inline void report(benchmark::State& state, std::size_t objects, std::size_t bytesPerObject)
 {
-    state.counters["ns/obj"] = benchmark::Counter(static_cast<double>(objects) * 1e-9,
+    state.counters["t/obj"] = benchmark::Counter(static_cast<double>(objects),
                                                   benchmark::Counter::kIsIterationInvariantRate |
                                                       benchmark::Counter::kInvert);
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(objects * bytesPerObject));

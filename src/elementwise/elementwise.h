@@ -6,6 +6,9 @@
 // every path below gives the same bits and in-place use (dst equal to an
 // array source in the same layout) works everywhere.  The paths differ in
 // speed only:
+//   flat   every array operand is one dense run of elements: the whole array
+//          is streamed in 128-bit packs, a single object repeating from a
+//          small buffer;
 //   rows   all operands have contiguous rows (or are constants): whole rows
 //          in 128-bit registers, straight-line code for square sizes 3 to 6
 //          and vector lengths 3 to 6, a single operand held in registers
@@ -46,26 +49,40 @@ bool rowReady(const V& v)
 }
 
 // One operand as the row path sees it: a row of W elements of object n, row j.
-// Single objects are loaded once, before the loop over objects.
+// Single objects are loaded once, before the loop over objects.  The view is
+// copied in and row offsets precomputed, so that nothing is reloaded from
+// memory inside the loop (stores to the result may alias any memory).
 template <class Isa, class T, int W, int H, class V>
 struct RowSource {
     using R = simd::Row<Isa, T, W>;
-    const V& v;
-    R held[V::array ? 1 : (V::kind == Kind::Constant ? 1 : H)];
+    static constexpr bool kHeld = !V::array || V::kind == Kind::Constant;
+    const V v;
+    int32_t rowOff[H];
+    R held[kHeld ? (V::kind == Kind::Constant ? 1 : H) : 1];
 
     explicit RowSource(const V& view) : v(view)
     {
-        if constexpr (V::kind == Kind::Constant && !V::array) held[0] = R::splat(v.get(0));
-        else if constexpr (!V::array)
-            for (int j = 0; j < H; ++j) held[j] = R::load(v.row(0, j));
+        if constexpr (V::kind == Kind::Constant) {
+            if constexpr (!V::array) held[0] = R::splat(v.get(0));
+        } else {
+            for (int j = 0; j < H; ++j) rowOff[j] = mul32(j, v.s1);
+            if constexpr (!V::array)
+                for (int j = 0; j < H; ++j) held[j] = R::load(offset(v.object(0), rowOff[j]));
+        }
     }
-    R operator()(int32_t n, int j) const
+    // Start of object n, or nothing for operands that need none.
+    const T* object(int32_t n) const
+    {
+        if constexpr (V::kind != Kind::Constant && V::array) return v.object(n);
+        else return nullptr;
+    }
+    R row(const T* obj, int32_t n, int j) const
     {
         if constexpr (V::kind == Kind::Constant) {
             if constexpr (V::array) return R::splat(v.get(n));
             else return held[0];
         } else if constexpr (V::array) {
-            return R::load(v.row(n, j));
+            return R::load(offset(obj, rowOff[j]));
         } else {
             return held[j];
         }
@@ -80,10 +97,16 @@ void rowsFixed(int32_t count, const A& a, const B& b, const D& d)
     using R = simd::Row<Isa, T, W>;
     const RowSource<Isa, T, W, H, A> left(a);
     const RowSource<Isa, T, W, H, B> right(b);
+    const D out = d;
+    int32_t outOff[H];
+    for (int j = 0; j < H; ++j) outOff[j] = mul32(j, out.s1);
     for (int32_t n = 0; n < count; ++n) {
+        const T* pa = left.object(n);
+        const T* pb = right.object(n);
+        T* pd = out.object(n);
         for (int j = 0; j < H; ++j) {
-            R r = zip(left(n, j), right(n, j), [](auto x, auto y) { return Op::apply(x, y); });
-            r.store(d.row(n, j));
+            R r = zip(left.row(pa, n, j), right.row(pb, n, j), [](auto x, auto y) { return Op::apply(x, y); });
+            r.store(offset(pd, outOff[j]));
         }
     }
 }
@@ -129,6 +152,143 @@ void elements(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const
             for (int32_t i = 0; i < w; ++i) d.put(n, j, i, Op::apply(a.get(n, j, i), b.get(n, j, i)));
 }
 
+// ---- Flat path ---------------------------------------------------------------------
+// When every array operand is dense (objects one after another, rows without
+// gaps) the whole array is one run of count * w * h elements.  A single
+// object then repeats with a period of w * h elements; it is copied `rep`
+// times into a small buffer so that the period is a whole number of packs.
+
+constexpr int32_t kMaxPattern = 36;  // largest w * h held as a pattern (6 x 6)
+
+// An object or array of objects that is one dense run of elements.
+template <class V>
+bool denseRun(const V& v, int32_t w, int32_t h)
+{
+    if constexpr (V::kind == Kind::Constant || V::desc != Desc::S || V::trans) return false;
+    else {
+        const bool rows = v.s2 == kElem<typename V::Elem> && (h == 1 || v.s1 == w * v.s2);
+        return rows && (!V::array || v.s0 == mul32(w * h, v.s2));
+    }
+}
+
+// Can the flat path read this source?  Arrays must be dense runs; a single
+// object (read once into a pattern) only needs contiguous rows; a constant
+// is spread.
+template <class V>
+bool flatSource(const V& v, int32_t w, int32_t h)
+{
+    if constexpr (V::kind == Kind::Constant) return !V::array;
+    else if constexpr (!V::array) return v.rowsContiguous() && w * h <= kMaxPattern;
+    else return denseRun(v, w, h);
+}
+
+// One source of the flat path: a pointer that runs through the array, a
+// pattern buffer, or a spread constant.
+template <class Isa, class T, class V>
+struct FlatSource {
+    using P = simd::Pack<Isa, T>;
+    static constexpr int L = simd::kLanes<T>;
+    alignas(16) T pattern[V::array || V::kind == Kind::Constant ? 1 : kMaxPattern * L];
+    const T* p = nullptr;
+    P spread;
+
+    FlatSource(const V& v, int32_t w, int32_t h, int32_t period)
+    {
+        if constexpr (V::kind == Kind::Constant) {
+            spread = P::splat(v.get(0));
+            (void)w, (void)h, (void)period;
+        } else if constexpr (V::array) {
+            p = v.object(0);
+            (void)w, (void)h, (void)period;
+        } else {
+            for (int32_t k = 0; k < period; ++k) {
+                const int32_t e = k % (w * h);
+                pattern[k] = load<T>(v.row(0, e / w) + e % w);
+            }
+            p = pattern;
+        }
+    }
+    P at(int64_t k, int64_t inPeriod, int len) const
+    {
+        if constexpr (V::kind == Kind::Constant) {
+            (void)k, (void)inPeriod, (void)len;
+            return spread;
+        } else {
+            const T* q = (V::array ? p + k : p + inPeriod);
+            return len == L ? P::load(q) : P::loadPart(q, len);
+        }
+    }
+};
+
+// Flat path with a period of NP packs: the pattern of a single operand is
+// held in registers and each period is straight-line code.
+template <int NP, class Op, class Isa, class A, class B, class D>
+int64_t flatPeriods(int64_t total, const FlatSource<Isa, typename D::Elem, A>& left,
+                    const FlatSource<Isa, typename D::Elem, B>& right, typename D::Elem* out)
+{
+    using T = typename D::Elem;
+    using P = simd::Pack<Isa, T>;
+    constexpr int L = simd::kLanes<T>;
+    constexpr int32_t period = NP * L;
+    P heldA[NP], heldB[NP];
+    for (int i = 0; i < NP; ++i) {
+        heldA[i] = left.at(0, i * L, L);
+        heldB[i] = right.at(0, i * L, L);
+    }
+    constexpr bool streamA = A::array && A::kind != Kind::Constant;
+    constexpr bool streamB = B::array && B::kind != Kind::Constant;
+    int64_t k = 0;
+    for (; k + period <= total; k += period) {
+        for (int i = 0; i < NP; ++i) {
+            const P x = streamA ? left.at(k + i * L, 0, L) : heldA[i];
+            const P y = streamB ? right.at(k + i * L, 0, L) : heldB[i];
+            Op::apply(x, y).store(out + k + i * L);
+        }
+    }
+    return k;
+}
+
+template <class Op, class Isa, class A, class B, class D>
+void flat(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& d)
+{
+    using T = typename D::Elem;
+    using P = simd::Pack<Isa, T>;
+    constexpr int L = simd::kLanes<T>;
+    const int32_t obj = w * h;
+    int32_t rep = 1;
+    while ((obj * rep) % L != 0) ++rep;
+    const int32_t period = obj * rep;  // a whole number of packs and of objects
+    const FlatSource<Isa, T, A> left(a, w, h, period);
+    const FlatSource<Isa, T, B> right(b, w, h, period);
+    T* out = d.object(0);
+    const int64_t total = static_cast<int64_t>(count) * obj;
+    int64_t k = 0;
+    switch (period / L) {
+    case 1: k = flatPeriods<1, Op, Isa, A, B, D>(total, left, right, out); break;
+    case 2: k = flatPeriods<2, Op, Isa, A, B, D>(total, left, right, out); break;
+    case 4: k = flatPeriods<4, Op, Isa, A, B, D>(total, left, right, out); break;
+    case 8: k = flatPeriods<8, Op, Isa, A, B, D>(total, left, right, out); break;
+    case 9: k = flatPeriods<9, Op, Isa, A, B, D>(total, left, right, out); break;
+    default: break;
+    }
+    for (; k + period <= total; k += period) {
+        int32_t i = 0;
+        for (; i + 2 * L <= period; i += 2 * L) {
+            P x0 = Op::apply(left.at(k + i, i, L), right.at(k + i, i, L));
+            P x1 = Op::apply(left.at(k + i + L, i + L, L), right.at(k + i + L, i + L, L));
+            x0.store(out + k + i);
+            x1.store(out + k + i + L);
+        }
+        for (; i < period; i += L) Op::apply(left.at(k + i, i, L), right.at(k + i, i, L)).store(out + k + i);
+    }
+    for (int32_t i = 0; k + i < total; i += L) {
+        const int len = total - (k + i) < L ? static_cast<int>(total - (k + i)) : L;
+        P x = Op::apply(left.at(k + i, i, len), right.at(k + i, i, len));
+        if (len == L) x.store(out + k + i);
+        else x.storePart(out + k + i, len);
+    }
+}
+
 // The serial kernel of every member: picks a path for the whole array.
 template <class Op, class Isa = simd::Sse>
 struct Kernel {
@@ -148,7 +308,9 @@ struct Kernel {
     template <class A, class B, class D>
     KelStatus operator()(int32_t count, void*, const A& a, const B& b, const D& d) const
     {
-        if (rowReady(a) && rowReady(b) && rowReady(d)) {
+        if (flatSource(a, w, h) && flatSource(b, w, h) && denseRun(d, w, h)) {
+            flat<Op, Isa>(count, w, h, a, b, d);
+        } else if (rowReady(a) && rowReady(b) && rowReady(d)) {
             if (!(tryFixed<3>(count, a, b, d) || tryFixed<4>(count, a, b, d) || tryFixed<5>(count, a, b, d) ||
                   tryFixed<6>(count, a, b, d)))
                 rowsAny<Op, Isa>(count, w, h, a, b, d);
