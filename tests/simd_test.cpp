@@ -60,8 +60,8 @@ void kernelsAgree(int w, int h, int count)
     auto vb = matS<const T>(b.data(), rowStride, sizeof(T));
     auto vd1 = matArrS<T>(d1.data(), objStride, rowStride, sizeof(T));
     auto vd2 = matArrS<T>(d2.data(), objStride, rowStride, sizeof(T));
-    elementwise::Kernel<Op, simd::Sse>{w, h, true}(count, nullptr, va, vb, vd1);
-    elementwise::Kernel<Op, simd::Scalar>{w, h, true}(count, nullptr, va, vb, vd2);
+    elementwise::Kernel<Op, simd::Sse>{w, h}(count, nullptr, va, vb, vd1);
+    elementwise::Kernel<Op, simd::Scalar>{w, h}(count, nullptr, va, vb, vd2);
     ASSERT_EQ(std::memcmp(d1.data(), d2.data(), d1.size() * sizeof(T)), 0) << w << "x" << h;
 }
 

@@ -293,30 +293,49 @@ void flat(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& 
 template <class Op, class Isa = simd::Sse>
 struct Kernel {
     int32_t w, h;
-    bool matrix;  // square sizes 3..6 of matrices, lengths 3..6 of vectors
+
+    // Which paths a combination of views can take at all, known when
+    // compiling: P tables and transposed operands never have rows in memory.
+    template <class V>
+    static constexpr bool rowsPossible()
+    {
+        if constexpr (V::kind == Kind::Constant) return true;
+        else return V::desc != Desc::P && !V::trans;
+    }
+    template <class V>
+    static constexpr bool flatPossible()
+    {
+        if constexpr (V::kind == Kind::Constant) return !V::array;
+        else return rowsPossible<V>() && (!V::array || V::desc == Desc::S);
+    }
 
     template <int N, class A, class B, class D>
     bool tryFixed(int32_t count, const A& a, const B& b, const D& d) const
     {
-        if (w != N) return false;
-        if (matrix && h == N) rowsFixed<Op, Isa, N, N>(count, a, b, d);
-        else if (!matrix) rowsFixed<Op, Isa, N, 1>(count, a, b, d);
-        else return false;
+        constexpr int H = D::kind == Kind::Vector ? 1 : N;
+        if (w != N || h != H) return false;
+        rowsFixed<Op, Isa, N, H>(count, a, b, d);
         return true;
     }
 
     template <class A, class B, class D>
     KelStatus operator()(int32_t count, void*, const A& a, const B& b, const D& d) const
     {
-        if (flatSource(a, w, h) && flatSource(b, w, h) && denseRun(d, w, h)) {
-            flat<Op, Isa>(count, w, h, a, b, d);
-        } else if (rowReady(a) && rowReady(b) && rowReady(d)) {
-            if (!(tryFixed<3>(count, a, b, d) || tryFixed<4>(count, a, b, d) || tryFixed<5>(count, a, b, d) ||
-                  tryFixed<6>(count, a, b, d)))
-                rowsAny<Op, Isa>(count, w, h, a, b, d);
-        } else {
-            elements<Op>(count, w, h, a, b, d);
+        if constexpr (flatPossible<A>() && flatPossible<B>() && flatPossible<D>()) {
+            if (flatSource(a, w, h) && flatSource(b, w, h) && denseRun(d, w, h)) {
+                flat<Op, Isa>(count, w, h, a, b, d);
+                return kelStsNoErr;
+            }
         }
+        if constexpr (rowsPossible<A>() && rowsPossible<B>() && rowsPossible<D>()) {
+            if (rowReady(a) && rowReady(b) && rowReady(d)) {
+                if (!(tryFixed<3>(count, a, b, d) || tryFixed<4>(count, a, b, d) || tryFixed<5>(count, a, b, d) ||
+                      tryFixed<6>(count, a, b, d)))
+                    rowsAny<Op, Isa>(count, w, h, a, b, d);
+                return kelStsNoErr;
+            }
+        }
+        elements<Op>(count, w, h, a, b, d);
         return kelStsNoErr;
     }
 };
@@ -340,7 +359,7 @@ KelStatus run(const Traits& tr, const Sizes& s, A a, B b, D d)
     bindTable(a, w, h);
     bindTable(b, w, h);
     bindTable(d, w, h);
-    return kel::run(tr, s, noMismatch, DriverInfo{}, Kernel<Op>{w, h, matrix}, a, b, d);
+    return kel::run(tr, s, noMismatch, DriverInfo{}, Kernel<Op>{w, h}, a, b, d);
 }
 
 template <class... V>
