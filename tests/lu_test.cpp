@@ -501,6 +501,27 @@ std::vector<std::string> arrayMembers(const std::string& family)
 
 INSTANTIATE_TEST_SUITE_P(All, LUDecompArray, ::testing::ValuesIn(arrayMembers("LUDecomp")), paramName);
 
+// The estimates by hand, at the limits: size*size*count 1000 / 1001,
+// (2*count + size)*size 700 / 701, (size + 2)*size*count 1200 / 1203.
+TEST(LUDriver, EstimatesAtTheLimits)
+{
+    struct Call {
+        const char* name;
+        int size, count;
+        bool driver;
+    };
+    for (auto c : {Call{"kelmLUDecomp_ma_32f", 10, 10, false}, Call{"kelmLUDecomp_ma_64f_P", 1, 1001, true},
+                   Call{"kelmLUBackSubst_mva_64f_L", 10, 30, false}, Call{"kelmLUBackSubst_mva_32f", 1, 350, true},
+                   Call{"kelmLUBackSubst_mava_32f_P", 10, 10, false}, Call{"kelmLUBackSubst_mava_64f", 1, 401, true}}) {
+        Case s = makeCase(member(c.name), {{"size", c.size}, {"count", c.count}}, Layout{Form::Packed}, 3);
+        forceThreads(2);
+        resetThreadQueries();
+        EXPECT_EQ(s.run(), kelStsNoErr) << c.name;
+        EXPECT_EQ(threadQueries(), c.driver ? 2 : 0) << c.name;
+        forceThreads(0);
+    }
+}
+
 // ---- pivot rules by size class ------------------------------------------------------------
 
 template <class T>

@@ -59,7 +59,10 @@ inline KelStatus luFixed(const S& src, int32_t* table, const D& dst)
                 rule, k, N, [&](int i) { return std::fabs(r[i][k]); },
                 [&](int32_t best) { exchangeFixed<N>(k, best, r); }))
             return give(kelStsSingular);
-        const T* u = r[k];  // the pivot row does not change in this step
+        // The pivot row does not change in this step: hold it in locals.
+        T u[N];
+#pragma GCC unroll 8
+        for (int j = k; j < N; ++j) u[j] = r[k][j];
         if (k < N - 2) {
             const T rcp = T(1) / u[k];
 #pragma GCC unroll 8
