@@ -315,6 +315,44 @@ KELM_API KelStatus kelmSub_vava_64f(const Kel64f* src1, int src1Stride0, int src
 KELM_API KelStatus kelmSub_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
 KELM_API KelStatus kelmSub_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
 
+/* ---- LUBackSubst (lubacksubst) ---- */
+/* LUBackSubst: solves A x = b from the factors and pivot table that */
+/* LUDecomp wrote: one system (mv), one factored matrix with many right-hand */
+/* sides (mva), or one factored matrix and table slice per right-hand side */
+/* (mava).  Never fails after the argument checks. */
+KELM_API KelStatus kelmLUBackSubst_mv_32f(const Kel32f* src, int srcStride1, int srcStride2, const int* pivotIndex, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride2, int size);
+KELM_API KelStatus kelmLUBackSubst_mv_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, const int* pivotIndex, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmLUBackSubst_mv_64f(const Kel64f* src, int srcStride1, int srcStride2, const int* pivotIndex, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride2, int size);
+KELM_API KelStatus kelmLUBackSubst_mv_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, const int* pivotIndex, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmLUBackSubst_mva_32f(const Kel32f* src, int srcStride1, int srcStride2, const int* pivotIndex, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mva_32f_L(const Kel32f* src, int srcStride1, int srcStride2, const int* pivotIndex, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mva_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, const int* pivotIndex, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mva_64f(const Kel64f* src, int srcStride1, int srcStride2, const int* pivotIndex, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mva_64f_L(const Kel64f* src, int srcStride1, int srcStride2, const int* pivotIndex, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mva_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, const int* pivotIndex, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mava_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, const int* pivotIndex, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mava_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, const int* pivotIndex, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mava_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, const int* pivotIndex, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mava_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, const int* pivotIndex, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mava_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, const int* pivotIndex, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUBackSubst_mava_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, const int* pivotIndex, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+
+/* ---- LUDecomp (ludecomp) ---- */
+/* LUDecomp: dst holds unit lower and upper factors with row pivoting; the */
+/* pivot table names, for each elimination step, the row of dst that was */
+/* chosen.  Rows of dst are never exchanged.  Returns kelStsSingular when a */
+/* pivot is too small. */
+KELM_API KelStatus kelmLUDecomp_m_32f(const Kel32f* src, int srcStride1, int srcStride2, int* pivotIndex, Kel32f* dst, int dstStride1, int dstStride2, int size);
+KELM_API KelStatus kelmLUDecomp_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int* pivotIndex, Kel32f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmLUDecomp_m_64f(const Kel64f* src, int srcStride1, int srcStride2, int* pivotIndex, Kel64f* dst, int dstStride1, int dstStride2, int size);
+KELM_API KelStatus kelmLUDecomp_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmLUDecomp_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, int* pivotIndex, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUDecomp_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int* pivotIndex, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUDecomp_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, int* pivotIndex, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmLUDecomp_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int* pivotIndex, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmLUDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+
 #ifdef __cplusplus
 }
 #endif
