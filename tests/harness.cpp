@@ -352,7 +352,10 @@ Case makeSetup(const Member& m, const std::map<std::string, int>& sizes, const S
     for (auto& g : m.groups) {
         Operand op;
         op.info = g;
-        op.elem = m.elem;
+        // Pivot tables hold 32-bit integers whatever the element type; they
+        // start as zeros, families fill them with what they need.
+        const bool ints = g.kind == "piv" || g.kind == "cpiv";
+        op.elem = ints ? 4 : m.elem;
         if (!g.isSize()) {
             Shape sh = shape(m, g, sizes);
             op.objects = sh.objects, op.rows = sh.rows, op.cols = sh.cols;
@@ -362,7 +365,10 @@ Case makeSetup(const Member& m, const std::map<std::string, int>& sizes, const S
             layOut(op, l, r2);
             for (int n = 0; n < op.objects; ++n)
                 for (int r = 0; r < op.rows; ++r)
-                    for (int c = 0; c < op.cols; ++c) op.set(n, r, c, randomValue(rng, m.elem));
+                    for (int c = 0; c < op.cols; ++c) {
+                        if (ints) std::memset(op.arena.data() + op.offsets[op.index(n, r, c)], 0, 4);
+                        else op.set(n, r, c, randomValue(rng, m.elem));
+                    }
         }
         s.ops.push_back(std::move(op));
     }

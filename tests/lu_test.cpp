@@ -189,14 +189,6 @@ void setPivots(Operand& op, int obj, const std::vector<int>& p)
     for (size_t k = 0; k < p.size(); ++k) std::memcpy(op.arena.data() + op.offsets[op.index(obj, 0, int(k))], &p[k], 4);
 }
 
-// Pivot tables hold 32-bit integers whatever the element type.
-void relayPivots(Case& c, int g, std::mt19937& rng)
-{
-    Operand& op = c.ops[g];
-    op.elem = 4;
-    layOut(op, Layout{Form::Packed}, rng);
-}
-
 template <class T>
 T uniformValue(std::mt19937& rng)
 {
@@ -251,7 +243,6 @@ template <class T>
 void fillDecomp(Case& c, std::mt19937& rng)
 {
     const Groups g = groupsOf(*c.m);
-    relayPivots(c, g.piv, rng);
     Operand& src = c.ops[g.src];
     const int n = sizeOf(c);
     // Keep the harness's values (zeros, ties) where they factorise.
@@ -268,7 +259,6 @@ template <class T>
 void fillSolve(Case& c, std::mt19937& rng)
 {
     const Groups g = groupsOf(*c.m);
-    relayPivots(c, g.piv, rng);
     Operand& src = c.ops[g.src];
     const int n = sizeOf(c);
     for (int obj = 0; obj < src.objects; ++obj) {
