@@ -43,14 +43,20 @@ bool Member::has(const std::string& size) const
     return false;
 }
 
-#define KT_MEMBER(name, fam, code, desc, es, order, est, lp, ls, arr, groups, inv) \
-    kt::Member{name, fam, code, desc, es, order, est, lp, ls, arr, std::vector<kt::GroupInfo> groups, inv},
-
 const std::vector<Member>& registry()
 {
-    static const std::vector<Member> all = {
-#include "registry.inc"
-    };
+    static const std::vector<Member> all = [] {
+        std::vector<Member> out;
+        for (int k = 0; k < kRawMemberCount; ++k) {
+            const RawMember& r = kRawMembers[k];
+            Member m{r.name, r.family, r.code, r.desc, r.elem, r.order, r.estimate, r.limitPacked, r.limitStrided,
+                     r.array, {}, r.invoke};
+            for (int g = 0; g < r.groupCount; ++g)
+                m.groups.push_back(GroupInfo{r.groups[g].kind, r.groups[g].prefix, r.groups[g].desc});
+            out.push_back(std::move(m));
+        }
+        return out;
+    }();
     return all;
 }
 

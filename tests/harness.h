@@ -59,6 +59,25 @@ struct Member {
     bool has(const std::string& size) const;
 };
 
+// The generated registry: constant rows, turned into Members on first use.
+struct RawGroup {
+    const char* kind;
+    const char* prefix;
+    char desc;
+};
+struct RawMember {
+    const char *name, *family, *code, *desc;
+    int elem;
+    const char *order, *estimate;
+    int32_t limitPacked, limitStrided;
+    bool array;
+    const RawGroup* groups;
+    int groupCount;
+    KelStatus (*invoke)(const Call&);
+};
+extern const RawMember kRawMembers[];
+extern const int kRawMemberCount;
+
 const std::vector<Member>& registry();
 const Member& member(const std::string& name);
 std::vector<std::string> memberNames(const std::vector<std::string>& families);

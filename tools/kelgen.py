@@ -319,37 +319,41 @@ def cmd_mapfile(fams, out):
 
 
 def cmd_registry(fams, out):
-    lines = ["// Test registry, generated from the member tables.", ""]
-    for m in all_members(fams):
+    """Plain constant tables (cheap to compile, whatever the member count):
+    one call function per member and one row of text fields."""
+    calls, groups, rows = [], [], []
+    for k, m in enumerate(all_members(fams)):
         args, _ = m.args()
         call = []
         for t, n, gi, field in args:
             if field == "size":
-                call.append(f"c.size(\"{n}\")")
+                call.append(f'c.size("{n}")')
             elif field == "val":
                 call.append(f"static_cast<{t}>(c.g[{gi}].val)")
             elif field in ("p", "pp"):
                 call.append(f"({t})c.g[{gi}].{field}")
             else:
                 call.append(f"c.g[{gi}].{field}")
-        groups = []
+        calls.append(f"KelStatus call{k}(const kt::Call& c) {{ return {m.name}({', '.join(call)}); }}")
+        gs = []
         descs = iter(m.group_descs())
         for g in m.groups:
-            if g[0] == "size":
-                groups.append(f'{{"size", "{g[1]}", \'-\'}}')
-            else:
-                groups.append(f'{{"{g[0]}", "{g[1]}", \'{next(descs)}\'}}')
+            d = "-" if g[0] == "size" else next(descs)
+            gs.append(f'{{"{g[0]}", "{g[1]}", \'{d}\'}}')
+        groups.append(f"const kt::RawGroup groups{k}[] = {{{', '.join(gs)}}};")
         lim = m.limits()
         lp, ls = (lim if lim else ("0", "0"))
         lp = lp.replace("kel::kSerialOnly", "kt::kSerialOnly")
         ls = ls.replace("kel::kSerialOnly", "kt::kSerialOnly")
-        est = m.estimate or ""
-        lines.append(
-            f'KT_MEMBER("{m.name}", "{m.family.name}", "{m.code}", "{m.desc}", {4 if m.type == "32f" else 8}, '
-            f'"{m.order}", "{est}", {lp}, {ls}, {bool(lim) and "true" or "false"}, '
-            f'({{{", ".join(groups)}}}), '
-            f'[](const kt::Call& c) -> KelStatus {{ return {m.name}({", ".join(call)}); }})')
-    write_if_changed(out, "\n".join(lines) + "\n")
+        rows.append(
+            f'    {{"{m.name}", "{m.family.name}", "{m.code}", "{m.desc}", {4 if m.type == "32f" else 8}, '
+            f'"{m.order}", "{m.estimate or ""}", {lp}, {ls}, {"true" if lim else "false"}, '
+            f"groups{k}, {len(m.groups)}, call{k}}},")
+    text = "\n".join(
+        ["// Test registry, generated from the member tables.", "", "namespace {", ""] + calls + [""] + groups +
+        ["", "}  // namespace", "", "const kt::RawMember kt::kRawMembers[] = {"] + rows +
+        ["};", f"const int kt::kRawMemberCount = {len(rows)};", ""])
+    write_if_changed(out, text)
 
 
 def write_if_changed(path, text):
