@@ -18,6 +18,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "frame/frame.h"
 #include "frame/simd.h"
@@ -201,10 +202,8 @@ struct FlatSource {
             p = v.object(0);
             (void)w, (void)h, (void)period;
         } else {
-            for (int32_t k = 0; k < period; ++k) {
-                const int32_t e = k % (w * h);
-                pattern[k] = load<T>(v.row(0, e / w) + e % w);
-            }
+            for (int32_t k = 0; k < period; k += w * h)
+                for (int32_t j = 0; j < h; ++j) std::memcpy(pattern + k + j * w, v.row(0, j), sizeof(T) * w);
             p = pattern;
         }
     }
@@ -263,7 +262,10 @@ void flat(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& 
     T* out = d.object(0);
     const int64_t total = static_cast<int64_t>(count) * obj;
     int64_t k = 0;
-    switch (period / L) {
+    // A single object is worth holding in registers; arrays and constants
+    // stream through the loop below just as fast.
+    constexpr bool held = (!A::array && A::kind != Kind::Constant) || (!B::array && B::kind != Kind::Constant);
+    if constexpr (held) switch (period / L) {
     case 1: k = flatPeriods<1, Op, Isa, A, B, D>(total, left, right, out); break;
     case 2: k = flatPeriods<2, Op, Isa, A, B, D>(total, left, right, out); break;
     case 4: k = flatPeriods<4, Op, Isa, A, B, D>(total, left, right, out); break;
