@@ -67,16 +67,18 @@ using simd::Pack;
 using simd::Row;
 using simd::Sse;
 
-// Lane l of a pack spread over all lanes.
+// Lane l of a pack spread over all lanes.  The integer shuffle leaves its
+// source intact, which saves a register copy per spread.
 template <int l>
 inline Pack<Sse, float> spread(Pack<Sse, float> p)
 {
-    return {_mm_shuffle_ps(p.v, p.v, _MM_SHUFFLE(l, l, l, l))};
+    return {_mm_castsi128_ps(_mm_shuffle_epi32(_mm_castps_si128(p.v), _MM_SHUFFLE(l, l, l, l)))};
 }
 template <int l>
 inline Pack<Sse, double> spread(Pack<Sse, double> p)
 {
-    return {_mm_shuffle_pd(p.v, p.v, l ? 3 : 0)};
+    constexpr int k = l ? _MM_SHUFFLE(3, 2, 3, 2) : _MM_SHUFFLE(1, 0, 1, 0);
+    return {_mm_castsi128_pd(_mm_shuffle_epi32(_mm_castpd_si128(p.v), k))};
 }
 template <int l, class T>
 inline Pack<simd::Scalar, T> spread(Pack<simd::Scalar, T> p)
@@ -113,15 +115,41 @@ inline Row<Isa, T, N> sum(const Row<Isa, T, N>& a, const Row<Isa, T, N>& b)
     return r;
 }
 
+// Walks the objects of an operand in ascending order: an S array by its
+// Stride0, an L array through its table, a single object stays put.
+template <class V>
+struct Walk {
+    using Ptr = decltype(std::declval<const V&>().object(0));
+    const V& v;
+    Ptr p;
+    explicit Walk(const V& view) : v(view), p(view.object(0)) {}
+    Ptr at(int32_t n) const
+    {
+        if constexpr (V::desc == Desc::L && V::array) return v.object(n);
+        else return p;
+    }
+    // Stored row j of object n.
+    Ptr row(int32_t n, int j) const { return offset(at(n), mul32(j, v.s1)); }
+    void next()
+    {
+        if constexpr (V::desc == Desc::S && V::array) p = offset(p, v.s0);
+    }
+};
+
 // Columns path.  Logical column k of object n is a row of N elements: a
 // single matrix's columns are gathered once; an array of transposed matrices
-// has them as its stored rows.
-template <class Isa, class T, int N, class A, class X, class Y, class D, int... K>
-void columnsImpl(std::integer_sequence<int, K...>, int32_t count, bool fromZero, const A& a, const X& x, const Y& y,
-                 const D& d)
+// has them as its stored rows.  Objects go two at a time, which keeps the
+// vector units busy; each is computed exactly as alone.
+template <class Isa, class T, int N, bool FromZero, class A, class X, class Y, class D, int... K>
+void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, const X& xv, const Y& yv,
+                 const D& dv)
 {
     using R = Row<Isa, T, N>;
     using P = Pack<Isa, T>;
+    // Local copies: nothing the kernel stores can change them.
+    const A a = av;
+    const X x = xv;
+    const D d = dv;
     R held[A::array ? 1 : N];
     if constexpr (!A::array) {
         for (int k = 0; k < N; ++k) {
@@ -135,16 +163,15 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, bool fromZero,
         const R xr = R::load(x.row(0, 0));
         ((spreadX[K] = element<K>(xr)), ...);
     }
-    R addend;
-    if constexpr (!kNoAddend<Y> && !Y::array) addend = R::load(y.row(0, 0));
-    const R zero = R::splat(T(0));
-
-    for (int32_t n = 0; n < count; ++n) {
+    Walk<A> wa(a);
+    Walk<X> wx(x);
+    Walk<D> wd(d);
+    auto one = [&](int32_t n, auto& wy) {
         R xr;
-        if constexpr (X::array) xr = R::load(x.row(n, 0));
+        if constexpr (X::array) xr = R::load(wx.at(n));
         auto col = [&](auto kc) -> R {
             constexpr int k = decltype(kc)::value;
-            if constexpr (A::array) return R::load(a.row(n, k));  // stored row k = logical column k
+            if constexpr (A::array) return R::load(wa.row(n, k));  // stored row k = logical column k
             else return held[k];
         };
         auto elem = [&](auto kc) -> P {
@@ -153,27 +180,65 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, bool fromZero,
             else return spreadX[k];
         };
         R acc = product(col(std::integral_constant<int, 0>{}), elem(std::integral_constant<int, 0>{}));
-        if (fromZero) acc = sum(zero, acc);
+        if constexpr (FromZero) acc = sum(R::splat(T(0)), acc);
         auto step = [&](auto kc) {
             if constexpr (decltype(kc)::value > 0) addProduct(acc, col(kc), elem(kc));
         };
         (step(std::integral_constant<int, K>{}), ...);
-        if constexpr (!kNoAddend<Y>) {
-            if constexpr (Y::array) acc = sum(acc, R::load(y.row(n, 0)));
-            else acc = sum(acc, addend);
+        if constexpr (!kNoAddend<Y>) acc = sum(acc, wy.addend(n));
+        acc.store(wd.at(n));
+        wa.next();
+        wx.next();
+        wy.next();
+        wd.next();
+    };
+    auto loop = [&](auto& wy) {
+        int32_t n = 0;
+        for (; n + 1 < count; n += 2) {
+            one(n, wy);
+            one(n + 1, wy);
         }
-        acc.store(d.row(n, 0));
+        if (n < count) one(n, wy);
+    };
+    if constexpr (kNoAddend<Y>) {
+        struct None {
+            void next() {}
+        } none;
+        loop(none);
+    } else {
+        // The addend of each object, or the single one held.
+        struct Addend : Walk<Y> {
+            R held;
+            explicit Addend(const Y& v) : Walk<Y>(v)
+            {
+                if constexpr (!Y::array) held = R::load(v.row(0, 0));
+            }
+            R addend(int32_t n) const
+            {
+                if constexpr (Y::array) return R::load(this->at(n));
+                else return held;
+            }
+        };
+        const Y y = yv;
+        Addend wy(y);
+        loop(wy);
     }
 }
 
 // Rows path: an array of matrices as stored, one straight-line scalar sum per
 // row; a single vector is read once.
-template <class T, int N, class A, class X, class Y, class D>
-void rowsFixed(int32_t count, bool fromZero, const A& a, const X& x, const Y& y, const D& d)
+template <class T, int N, bool FromZero, class A, class X, class Y, class D>
+void rowsFixed(int32_t count, const A& av, const X& xv, const Y& y, const D& dv)
 {
+    const A a = av;
+    const X x = xv;
+    const D d = dv;
+    Walk<A> wa(a);
+    Walk<X> wx(x);
+    Walk<D> wd(d);
     T xs[N];
     auto loadX = [&](int32_t n) {
-        const T* p = x.row(n, 0);
+        const T* p = wx.at(n);
         for (int k = 0; k < N; ++k) xs[k] = load<T>(p + k);
     };
     if constexpr (!X::array) loadX(0);
@@ -181,14 +246,17 @@ void rowsFixed(int32_t count, bool fromZero, const A& a, const X& x, const Y& y,
         if constexpr (X::array) loadX(n);
         T out[N];
         for (int r = 0; r < N; ++r) {
-            const T* row = a.row(n, r);
+            const T* row = wa.row(n, r);
             T s = load<T>(row) * xs[0];
-            if (fromZero) s = T(0) + s;
+            if constexpr (FromZero) s = T(0) + s;
             for (int k = 1; k < N; ++k) s = s + load<T>(row + k) * xs[k];
-            if constexpr (!kNoAddend<Y>) s = s + load<T>(y.row(n, 0) + r);
+            if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
             out[r] = s;
         }
-        std::memcpy(d.row(n, 0), out, sizeof out);
+        std::memcpy(wd.at(n), out, sizeof out);
+        wa.next();
+        wx.next();
+        wd.next();
     }
 }
 
@@ -270,11 +338,17 @@ struct MatVec {
     }
 
 private:
+    template <int N, bool FromZero, class A, class X, class Y, class D>
+    void fixedFrom(int32_t count, const A& a, const X& x, const Y& y, const D& d) const
+    {
+        if constexpr (A::array && !A::trans) mv::rowsFixed<T, N, FromZero>(count, a, x, y, d);
+        else mv::columnsImpl<Isa, T, N, FromZero>(std::make_integer_sequence<int, N>{}, count, a, x, y, d);
+    }
     template <int N, class A, class X, class Y, class D>
     void fixed(int32_t count, bool fromZero, const A& a, const X& x, const Y& y, const D& d) const
     {
-        if constexpr (A::array && !A::trans) mv::rowsFixed<T, N>(count, fromZero, a, x, y, d);
-        else mv::columnsImpl<Isa, T, N>(std::make_integer_sequence<int, N>{}, count, fromZero, a, x, y, d);
+        if (fromZero) fixedFrom<N, true>(count, a, x, y, d);
+        else fixedFrom<N, false>(count, a, x, y, d);
     }
 
     template <class A, class X, class Y, class D>
