@@ -116,7 +116,9 @@ inline Row<Isa, T, N> sum(const Row<Isa, T, N>& a, const Row<Isa, T, N>& b)
 }
 
 // Walks the objects of an operand in ascending order: an S array by its
-// Stride0, an L array through its table, a single object stays put.
+// Stride0, an L array through its table, a single object stays put.  Byte
+// offsets of an array are supported only while they fit 31 bits, so stepping
+// the pointer reaches the same addresses as the view's 32-bit products.
 template <class V>
 struct Walk {
     using Ptr = decltype(std::declval<const V&>().object(0));
