@@ -31,20 +31,33 @@ Shape elementwiseShape(const Member&, const GroupInfo& g, const Sizes& sizes)
 }
 
 namespace {
-std::map<std::string, FamilyHooks>& families()
+std::map<std::string, std::vector<FamilyHooks>>& families()
 {
-    static std::map<std::string, FamilyHooks> all;
+    static std::map<std::string, std::vector<FamilyHooks>> all;
     return all;
 }
 }  // namespace
 
-void registerFamily(const std::string& name, FamilyHooks hooks) { families()[name] = std::move(hooks); }
+void registerFamily(const std::string& name, FamilyHooks hooks) { families()[name].push_back(std::move(hooks)); }
 
 const FamilyHooks& family(const std::string& name)
 {
     auto it = families().find(name);
     if (it == families().end()) throw std::runtime_error("no test hooks for family " + name);
-    return it->second;
+    return it->second.front();
+}
+
+const FamilyHooks& family(const Member& m)
+{
+    auto it = families().find(m.family);
+    if (it == families().end()) throw std::runtime_error("no test hooks for family " + m.family);
+    const FamilyHooks* fallback = nullptr;
+    for (auto& h : it->second) {
+        if (h.covers && h.covers(m)) return h;
+        if (!h.covers && !fallback) fallback = &h;
+    }
+    if (!fallback) throw std::runtime_error("no test hooks for member " + m.name);
+    return *fallback;
 }
 
 std::vector<std::string> registeredFamilies()
@@ -58,7 +71,7 @@ ShapeFn shapeOf(const std::string& name) { return family(name).shape; }
 
 Sizes validSizes(const Member& m, int count)
 {
-    const FamilyHooks& h = family(m.family);
+    const FamilyHooks& h = family(m);
     if (h.sizes) return h.sizes(m, count);
     Sizes s;
     for (auto& g : m.groups)
@@ -68,7 +81,7 @@ Sizes validSizes(const Member& m, int count)
 
 Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t seed, bool inPlace)
 {
-    const FamilyHooks& h = family(m.family);
+    const FamilyHooks& h = family(m);
     Case c = makeSetup(m, sizes, h.shape, lay, seed, inPlace);
     if (h.fill) {
         std::mt19937 rng(seed * 7919u + 1);
@@ -104,7 +117,8 @@ struct Parser {
         if (std::isdigit(static_cast<unsigned char>(tok[0]))) return static_cast<uint32_t>(std::stoul(tok));
         static const std::map<std::string, std::string> names = {
             {"W", "width"}, {"H", "height"}, {"L", "len"}, {"N", "size"}, {"C", "count"},
-            {"W1", "src1Width"}, {"H1", "src1Height"}, {"W2", "src2Width"}, {"H2", "src2Height"}};
+            {"W1", "src1Width"}, {"H1", "src1Height"}, {"W2", "src2Width"}, {"H2", "src2Height"},
+            {"L2", "src2Len"}, {"L3", "src3Len"}};
         auto it = v.find(names.at(tok));
         return it == v.end() ? 1u : static_cast<uint32_t>(it->second);
     }

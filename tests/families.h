@@ -25,10 +25,16 @@ struct FamilyHooks {
     // Fills the operands of a case with values the member accepts (for
     // instance well-conditioned matrices); default: random values.
     std::function<void(Case&, std::mt19937&)> fill;
+    // The members these hooks serve, when a family is split over several
+    // tables that register hooks of their own; default: all its members.
+    std::function<bool(const Member&)> covers = nullptr;
 };
 
 void registerFamily(const std::string& name, FamilyHooks hooks);
 const FamilyHooks& family(const std::string& name);
+// The hooks that serve member m: a registration whose `covers` accepts it,
+// else one without `covers`.
+const FamilyHooks& family(const Member& m);
 std::vector<std::string> registeredFamilies();
 
 // Shortcuts over the hooks.

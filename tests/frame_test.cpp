@@ -57,8 +57,8 @@ std::vector<Fault> faultsOf(const Member& m, const Sizes& valid)
 {
     std::vector<Fault> out;
     const int e = m.elem;
-    if (family(m.family).mismatches)
-        for (auto& change : family(m.family).mismatches(m, valid)) {
+    if (family(m).mismatches)
+        for (auto& change : family(m).mismatches(m, valid)) {
             std::string what = "mismatch";
             for (auto& kv : change) what += " " + kv.first + "=" + std::to_string(kv.second);
             out.push_back({'M', what, [change](Case&, Call& c) {

@@ -24,7 +24,7 @@ group into its arguments; a two-letter description (Copy) gives the first
 letter to the source group and the second to the destination group.
 
 Member rows: checks are the steps of the frame's check sequence in order;
-the estimate is an expression over W H L N C W1 H1 W2 H2 computed in wrapping
+the estimate is an expression over W H L N C W1 H1 W2 H2 L2 L3 computed in wrapping
 32-bit arithmetic, or `-` where there is none (single objects, families
 that never fork: the kernel then runs serially on all objects); the limit is
 `packed/strided`, one number for both, `serial` for an array that has an
@@ -47,8 +47,9 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SIZE_FIELDS = {
     "width": "W", "height": "H", "len": "L", "size": "N", "count": "C",
     "src1Width": "W1", "src1Height": "H1", "src2Width": "W2", "src2Height": "H2",
+    "src2Len": "L2", "src3Len": "L3",
 }
-ESTIMATE_VARS = ["W", "H", "L", "N", "C", "W1", "H1", "W2", "H2"]
+ESTIMATE_VARS = ["W", "H", "L", "N", "C", "W1", "H1", "W2", "H2", "L2", "L3"]
 OPERAND_KINDS = ["ma", "ta", "m", "t", "va", "v", "ca", "c"]
 NAME_RE = re.compile(r"^kelm([A-Za-z0-9]+?)_([a-z0-9]+)_(32f|64f)(?:_([SLP]{1,2}))?$")
 

@@ -32,6 +32,7 @@ struct Sizes {
     int32_t N = 1;             // size of a square matrix
     int32_t C = 1;             // count
     int32_t W1 = 1, H1 = 1, W2 = 1, H2 = 1;  // sizes of two stored operands
+    int32_t L2 = 1, L3 = 1;    // lengths of the vector operands src2, src3
 };
 
 // Work estimate: 32-bit arithmetic that wraps; a negative result counts as
@@ -77,7 +78,8 @@ inline bool anyBadRoi(const V&... v)
 }
 inline bool badSizes(const Sizes& s)
 {
-    return s.W < 1 || s.H < 1 || s.L < 1 || s.N < 1 || s.W1 < 1 || s.H1 < 1 || s.W2 < 1 || s.H2 < 1;
+    return s.W < 1 || s.H < 1 || s.L < 1 || s.N < 1 || s.W1 < 1 || s.H1 < 1 || s.W2 < 1 || s.H2 < 1 || s.L2 < 1 ||
+           s.L3 < 1;
 }
 }  // namespace detail
 

@@ -1,0 +1,131 @@
+// One 4x4 matrix times 1000 packed 4-vectors (Mul_mva_32f), and the same plus
+// 1000 vectors (Gaxpy_mva_32f), on one thread: kelm against a plain loop and
+// Eigen's fixed-size types in a loop, all built for the same instruction set.
+#include <benchmark/benchmark.h>
+
+#include "common.h"
+#include "kelm.h"
+
+#ifdef KELM_BENCH_EIGEN
+#include <Eigen/Dense>
+#endif
+
+namespace {
+
+constexpr int kCount = 1000;
+constexpr int kN = 4;
+
+struct Data {
+    std::vector<float> m = kb::randomData<float>(kN * kN, 1);
+    std::vector<float> x = kb::randomData<float>(kN * kCount, 2);
+    std::vector<float> y = kb::randomData<float>(kN * kCount, 3);
+    std::vector<float> d = std::vector<float>(kN * kCount);
+};
+
+const kb::OneThread oneThread;
+
+constexpr std::size_t kBytesMul = 2 * kN * sizeof(float);   // vector in, vector out
+constexpr std::size_t kBytesGaxpy = 3 * kN * sizeof(float);
+
+// ---- Mul_mva ----------------------------------------------------------------------
+
+void BM_MulMva_kelm(benchmark::State& state)
+{
+    Data a;
+    for (auto _ : state) {
+        kelmMul_mva_32f(a.m.data(), kN * 4, 4, kN, kN, a.x.data(), kN * 4, 4, kN, a.d.data(), kN * 4, 4, kCount);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, kBytesMul);
+}
+BENCHMARK(BM_MulMva_kelm);
+
+void BM_MulMva_plain(benchmark::State& state)
+{
+    Data a;
+    for (auto _ : state) {
+        const float* m = a.m.data();
+        for (int n = 0; n < kCount; ++n) {
+            const float* x = a.x.data() + n * kN;
+            float* d = a.d.data() + n * kN;
+            for (int r = 0; r < kN; ++r) {
+                float s = 0.0f;
+                for (int k = 0; k < kN; ++k) s += m[r * kN + k] * x[k];
+                d[r] = s;
+            }
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, kBytesMul);
+}
+BENCHMARK(BM_MulMva_plain);
+
+#ifdef KELM_BENCH_EIGEN
+void BM_MulMva_eigen(benchmark::State& state)
+{
+    Data a;
+    const Eigen::Matrix4f m = Eigen::Map<const Eigen::Matrix<float, 4, 4, Eigen::RowMajor>>(a.m.data());
+    for (auto _ : state) {
+        for (int n = 0; n < kCount; ++n)
+            Eigen::Map<Eigen::Vector4f>(a.d.data() + n * kN).noalias() =
+                m * Eigen::Map<const Eigen::Vector4f>(a.x.data() + n * kN);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, kBytesMul);
+}
+BENCHMARK(BM_MulMva_eigen);
+#endif
+
+// ---- Gaxpy_mva --------------------------------------------------------------------
+
+void BM_GaxpyMva_kelm(benchmark::State& state)
+{
+    Data a;
+    for (auto _ : state) {
+        kelmGaxpy_mva_32f(a.m.data(), kN * 4, 4, kN, kN, a.x.data(), kN * 4, 4, kN, a.y.data(), kN * 4, 4, kN,
+                          a.d.data(), kN * 4, 4, kCount);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, kBytesGaxpy);
+}
+BENCHMARK(BM_GaxpyMva_kelm);
+
+void BM_GaxpyMva_plain(benchmark::State& state)
+{
+    Data a;
+    for (auto _ : state) {
+        const float* m = a.m.data();
+        for (int n = 0; n < kCount; ++n) {
+            const float* x = a.x.data() + n * kN;
+            const float* y = a.y.data() + n * kN;
+            float* d = a.d.data() + n * kN;
+            for (int r = 0; r < kN; ++r) {
+                float s = 0.0f;
+                for (int k = 0; k < kN; ++k) s += m[r * kN + k] * x[k];
+                d[r] = s + y[r];
+            }
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, kBytesGaxpy);
+}
+BENCHMARK(BM_GaxpyMva_plain);
+
+#ifdef KELM_BENCH_EIGEN
+void BM_GaxpyMva_eigen(benchmark::State& state)
+{
+    Data a;
+    const Eigen::Matrix4f m = Eigen::Map<const Eigen::Matrix<float, 4, 4, Eigen::RowMajor>>(a.m.data());
+    for (auto _ : state) {
+        for (int n = 0; n < kCount; ++n)
+            Eigen::Map<Eigen::Vector4f>(a.d.data() + n * kN).noalias() =
+                m * Eigen::Map<const Eigen::Vector4f>(a.x.data() + n * kN) +
+                Eigen::Map<const Eigen::Vector4f>(a.y.data() + n * kN);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, kBytesGaxpy);
+}
+BENCHMARK(BM_GaxpyMva_eigen);
+#endif
+
+}  // namespace

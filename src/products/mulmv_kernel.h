@@ -1,0 +1,382 @@
+// Matrix times column vector, with an optional vector added to each result:
+// the kernels of matrix-vector Mul and of Gaxpy.
+//
+//   dst(r) = sum over k = 0..K-1, ascending, of A(r, k) * x(k)   [+ y(r)]
+//
+// A is the matrix as the member reads it (transposed views swap the indices),
+// x the vector, y the addend; y is added to the complete sum.  Every element
+// is computed by one thread in one order, so results never depend on the
+// team.  Sums begin in one of two ways, and the member decides which, kernel
+// by kernel (SumRules):
+//   straight  square sizes 3 to 6: the sum begins with the first product;
+//   general   every other case: the sum begins from +0.0.
+// The two differ only when every product is -0.0 (-0.0 against +0.0).  A
+// general sum is computed here as the first product added to +0.0 followed by
+// the same additions, which is that very sequence of roundings; so one fast
+// path serves both and takes a flag.
+//
+// Paths, all with the same results:
+//   columns  packed, square, matrix single or transposed: logical columns
+//            in 128-bit rows, each multiplied by one vector element spread
+//            over all lanes; a single matrix is gathered once, before the
+//            object loop, and a single vector's spread elements likewise;
+//   rows     packed, square, array of matrices as stored: straight-line
+//            scalar sums along each row, a single vector held in locals;
+//   lane dot the packed general path of Mul_mva_32f (its own rounding);
+//   elements anything else: one element at a time through the views.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+#include <utility>
+
+#include <emmintrin.h>
+
+#include "frame/frame.h"
+#include "frame/simd.h"
+#include "frame/view.h"
+
+namespace kel::products {
+
+// Which kernels of a member compute square sizes 3 to 6 as straight-line
+// sums (beginning with the first product), and whether the packed general
+// path is the lane dot product.
+struct SumRules {
+    bool packedSizes;   // packed kernel (S and L, every Stride2 the element size)
+    bool stridedSizes;  // strided kernel (S and L)
+    bool tableSizes;    // P kernel
+    bool laneDot;       // packed general path: laneDot() below
+};
+
+// The missing addend of a product without a third operand.
+struct NoAddend {
+    static constexpr bool array = false;
+    bool packed() const { return true; }
+};
+template <class Y>
+constexpr bool kNoAddend = std::is_same<Y, NoAddend>::value;
+
+// Square size of the straight-line paths, 0 for none.  The front ends call
+// this after the size checks, when all vector lengths fit the matrix.
+inline int squareSize(const Sizes& s) { return s.W1 == s.H1 && s.W1 >= 3 && s.W1 <= 6 ? s.W1 : 0; }
+
+namespace mv {
+
+using simd::Pack;
+using simd::Row;
+using simd::Sse;
+
+// Lane l of a pack spread over all lanes.  The integer shuffle leaves its
+// source intact, which saves a register copy per spread.
+template <int l>
+inline Pack<Sse, float> spread(Pack<Sse, float> p)
+{
+    return {_mm_castsi128_ps(_mm_shuffle_epi32(_mm_castps_si128(p.v), _MM_SHUFFLE(l, l, l, l)))};
+}
+template <int l>
+inline Pack<Sse, double> spread(Pack<Sse, double> p)
+{
+    constexpr int k = l ? _MM_SHUFFLE(3, 2, 3, 2) : _MM_SHUFFLE(1, 0, 1, 0);
+    return {_mm_castsi128_pd(_mm_shuffle_epi32(_mm_castpd_si128(p.v), k))};
+}
+template <int l, class T>
+inline Pack<simd::Scalar, T> spread(Pack<simd::Scalar, T> p)
+{
+    return Pack<simd::Scalar, T>::splat(p.v[l]);
+}
+
+// Element k of a row spread over one pack.
+template <int k, class Isa, class T, int N>
+inline Pack<Isa, T> element(const Row<Isa, T, N>& r)
+{
+    constexpr int L = simd::kLanes<T>;
+    return spread<k % L>(r.p[k / L]);
+}
+
+// acc = acc + col * e, pack by pack (col * e for the first product).
+template <class Isa, class T, int N>
+inline void addProduct(Row<Isa, T, N>& acc, const Row<Isa, T, N>& col, Pack<Isa, T> e)
+{
+    for (int i = 0; i < Row<Isa, T, N>::kPacks; ++i) acc.p[i] = acc.p[i] + col.p[i] * e;
+}
+template <class Isa, class T, int N>
+inline Row<Isa, T, N> product(const Row<Isa, T, N>& col, Pack<Isa, T> e)
+{
+    Row<Isa, T, N> r;
+    for (int i = 0; i < Row<Isa, T, N>::kPacks; ++i) r.p[i] = col.p[i] * e;
+    return r;
+}
+template <class Isa, class T, int N>
+inline Row<Isa, T, N> sum(const Row<Isa, T, N>& a, const Row<Isa, T, N>& b)
+{
+    Row<Isa, T, N> r;
+    for (int i = 0; i < Row<Isa, T, N>::kPacks; ++i) r.p[i] = a.p[i] + b.p[i];
+    return r;
+}
+
+// Walks the objects of an operand in ascending order: an S array by its
+// Stride0, an L array through its table, a single object stays put.  Byte
+// offsets of an array are supported only while they fit 31 bits, so stepping
+// the pointer reaches the same addresses as the view's 32-bit products.
+template <class V>
+struct Walk {
+    using Ptr = decltype(std::declval<const V&>().object(0));
+    const V& v;
+    Ptr p;
+    explicit Walk(const V& view) : v(view), p(view.object(0)) {}
+    Ptr at(int32_t n) const
+    {
+        if constexpr (V::desc == Desc::L && V::array) return v.object(n);
+        else return p;
+    }
+    // Stored row j of object n.
+    Ptr row(int32_t n, int j) const { return offset(at(n), mul32(j, v.s1)); }
+    void next()
+    {
+        if constexpr (V::desc == Desc::S && V::array) p = offset(p, v.s0);
+    }
+};
+
+// Columns path.  Logical column k of object n is a row of N elements: a
+// single matrix's columns are gathered once; an array of transposed matrices
+// has them as its stored rows.  Objects go two at a time, which keeps the
+// vector units busy; each is computed exactly as alone.
+template <class Isa, class T, int N, bool FromZero, class A, class X, class Y, class D, int... K>
+void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, const X& xv, const Y& yv,
+                 const D& dv)
+{
+    using R = Row<Isa, T, N>;
+    using P = Pack<Isa, T>;
+    // Local copies: nothing the kernel stores can change them.
+    const A a = av;
+    const X x = xv;
+    const D d = dv;
+    R held[A::array ? 1 : N];
+    if constexpr (!A::array) {
+        for (int k = 0; k < N; ++k) {
+            T col[N];
+            for (int r = 0; r < N; ++r) col[r] = a.get(0, r, k);
+            held[k] = R::load(col);
+        }
+    }
+    P spreadX[X::array ? 1 : N];
+    if constexpr (!X::array) {
+        const R xr = R::load(x.row(0, 0));
+        ((spreadX[K] = element<K>(xr)), ...);
+    }
+    Walk<A> wa(a);
+    Walk<X> wx(x);
+    Walk<D> wd(d);
+    auto one = [&](int32_t n, auto& wy) {
+        R xr;
+        if constexpr (X::array) xr = R::load(wx.at(n));
+        auto col = [&](auto kc) -> R {
+            constexpr int k = decltype(kc)::value;
+            if constexpr (A::array) return R::load(wa.row(n, k));  // stored row k = logical column k
+            else return held[k];
+        };
+        auto elem = [&](auto kc) -> P {
+            constexpr int k = decltype(kc)::value;
+            if constexpr (X::array) return element<k>(xr);
+            else return spreadX[k];
+        };
+        R acc = product(col(std::integral_constant<int, 0>{}), elem(std::integral_constant<int, 0>{}));
+        if constexpr (FromZero) acc = sum(R::splat(T(0)), acc);
+        auto step = [&](auto kc) {
+            if constexpr (decltype(kc)::value > 0) addProduct(acc, col(kc), elem(kc));
+        };
+        (step(std::integral_constant<int, K>{}), ...);
+        if constexpr (!kNoAddend<Y>) acc = sum(acc, wy.addend(n));
+        acc.store(wd.at(n));
+        wa.next();
+        wx.next();
+        wy.next();
+        wd.next();
+    };
+    auto loop = [&](auto& wy) {
+        int32_t n = 0;
+        for (; n + 1 < count; n += 2) {
+            one(n, wy);
+            one(n + 1, wy);
+        }
+        if (n < count) one(n, wy);
+    };
+    if constexpr (kNoAddend<Y>) {
+        struct None {
+            void next() {}
+        } none;
+        loop(none);
+    } else {
+        // The addend of each object, or the single one held.
+        struct Addend : Walk<Y> {
+            R held;
+            explicit Addend(const Y& v) : Walk<Y>(v)
+            {
+                if constexpr (!Y::array) held = R::load(v.row(0, 0));
+            }
+            R addend(int32_t n) const
+            {
+                if constexpr (Y::array) return R::load(this->at(n));
+                else return held;
+            }
+        };
+        const Y y = yv;
+        Addend wy(y);
+        loop(wy);
+    }
+}
+
+// Rows path: an array of matrices as stored, one straight-line scalar sum per
+// row; a single vector is read once.
+template <class T, int N, bool FromZero, class A, class X, class Y, class D>
+void rowsFixed(int32_t count, const A& av, const X& xv, const Y& y, const D& dv)
+{
+    const A a = av;
+    const X x = xv;
+    const D d = dv;
+    Walk<A> wa(a);
+    Walk<X> wx(x);
+    Walk<D> wd(d);
+    T xs[N];
+    auto loadX = [&](int32_t n) {
+        const T* p = wx.at(n);
+        for (int k = 0; k < N; ++k) xs[k] = load<T>(p + k);
+    };
+    if constexpr (!X::array) loadX(0);
+    for (int32_t n = 0; n < count; ++n) {
+        if constexpr (X::array) loadX(n);
+        T out[N];
+        for (int r = 0; r < N; ++r) {
+            const T* row = wa.row(n, r);
+            T s = load<T>(row) * xs[0];
+            if constexpr (FromZero) s = T(0) + s;
+            for (int k = 1; k < N; ++k) s = s + load<T>(row + k) * xs[k];
+            if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
+            out[r] = s;
+        }
+        std::memcpy(wd.at(n), out, sizeof out);
+        wa.next();
+        wx.next();
+        wd.next();
+    }
+}
+
+// Lane dot product of a row a and a vector b of K floats.  Two four-lane
+// accumulators take steps of eight elements from the first element of b
+// that lies on a 16-byte boundary; the elements before it are summed into
+// lane 0 first.  The lanes are reduced as (s0 + s1) + (s2 + s3) and the
+// remaining elements added one by one.  A vector that is not on a 4-byte
+// boundary, or too short for one step after the peel, is summed plainly.
+// The rounding therefore depends on where b lies.
+inline float laneDot(const float* a, const float* b, int32_t K)
+{
+    const auto addr = reinterpret_cast<std::uintptr_t>(b);
+    const int32_t peel = addr % 16 == 0 ? 0 : static_cast<int32_t>((16 - addr % 16) / 4);
+    if (addr % 4 != 0 || peel + 8 > K) {
+        float s = 0.0f;
+        for (int32_t k = 0; k < K; ++k) s = s + load<float>(a + k) * load<float>(b + k);
+        return s;
+    }
+    float t = 0.0f;
+    for (int32_t k = 0; k < peel; ++k) t = t + load<float>(a + k) * b[k];
+    __m128 p = _mm_set_ss(t), q = _mm_setzero_ps();
+    const int32_t end = K - (K - peel) % 8;
+    for (int32_t k = peel; k < end; k += 8) {
+        p = _mm_add_ps(p, _mm_mul_ps(_mm_loadu_ps(a + k), _mm_load_ps(b + k)));
+        q = _mm_add_ps(q, _mm_mul_ps(_mm_loadu_ps(a + k + 4), _mm_load_ps(b + k + 4)));
+    }
+    alignas(16) float s[4];
+    _mm_store_ps(s, _mm_add_ps(p, q));
+    float total = (s[0] + s[1]) + (s[2] + s[3]);
+    for (int32_t k = end; k < K; ++k) total = total + load<float>(a + k) * b[k];
+    return total;
+}
+
+template <class A, class X, class Y, class D>
+void laneDotAll(int32_t count, int32_t R, int32_t K, const A& a, const X& x, const Y&, const D& d)
+{
+    for (int32_t n = 0; n < count; ++n) {
+        const float* b = x.row(n, 0);
+        float* out = d.row(n, 0);
+        for (int32_t r = 0; r < R; ++r) store<float>(out + r, laneDot(a.row(n, r), b, K));
+    }
+}
+
+// Elements path: any description, stride and transposition.
+template <class T, class A, class X, class Y, class D>
+void elements(int32_t count, int32_t R, int32_t K, bool straight, const A& a, const X& x, const Y& y, const D& d)
+{
+    for (int32_t n = 0; n < count; ++n)
+        for (int32_t r = 0; r < R; ++r) {
+            T s = a.get(n, r, 0) * x.get(n, 0, 0);
+            if (!straight) s = T(0) + s;
+            for (int32_t k = 1; k < K; ++k) s = s + a.get(n, r, k) * x.get(n, 0, k);
+            if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
+            d.put(n, 0, r, s);
+        }
+}
+
+}  // namespace mv
+
+// The serial kernel of every member: dst = A x (+ y) for `count` objects.
+template <class T, class Isa = simd::Sse>
+struct MatVec {
+    int32_t R, K;    // length of dst, inner length
+    int square;      // 3..6 when the matrix is square with straight-line code, else 0
+    SumRules rules;
+
+    template <class A, class X, class D>
+    KelStatus operator()(int32_t count, void*, const A& a, const X& x, const D& d) const
+    {
+        compute(count, a, x, NoAddend{}, d);
+        return kelStsNoErr;
+    }
+    template <class A, class X, class Y, class D>
+    KelStatus operator()(int32_t count, void*, const A& a, const X& x, const Y& y, const D& d) const
+    {
+        compute(count, a, x, y, d);
+        return kelStsNoErr;
+    }
+
+private:
+    template <int N, bool FromZero, class A, class X, class Y, class D>
+    void fixedFrom(int32_t count, const A& a, const X& x, const Y& y, const D& d) const
+    {
+        if constexpr (A::array && !A::trans) mv::rowsFixed<T, N, FromZero>(count, a, x, y, d);
+        else mv::columnsImpl<Isa, T, N, FromZero>(std::make_integer_sequence<int, N>{}, count, a, x, y, d);
+    }
+    template <int N, class A, class X, class Y, class D>
+    void fixed(int32_t count, bool fromZero, const A& a, const X& x, const Y& y, const D& d) const
+    {
+        if (fromZero) fixedFrom<N, true>(count, a, x, y, d);
+        else fixedFrom<N, false>(count, a, x, y, d);
+    }
+
+    template <class A, class X, class Y, class D>
+    void compute(int32_t count, const A& a, const X& x, const Y& y, const D& d) const
+    {
+        if constexpr (A::desc == Desc::P) {
+            mv::elements<T>(count, R, K, square && rules.tableSizes, a, x, y, d);
+        } else {
+            if (!allPacked(a, x, y, d)) {
+                mv::elements<T>(count, R, K, square && rules.stridedSizes, a, x, y, d);
+                return;
+            }
+            const bool fromZero = !rules.packedSizes;
+            switch (square) {
+            case 3: return fixed<3>(count, fromZero, a, x, y, d);
+            case 4: return fixed<4>(count, fromZero, a, x, y, d);
+            case 5: return fixed<5>(count, fromZero, a, x, y, d);
+            case 6: return fixed<6>(count, fromZero, a, x, y, d);
+            default: break;
+            }
+            if constexpr (std::is_same<T, float>::value && !A::array && !A::trans && kNoAddend<Y>) {
+                if (rules.laneDot) return mv::laneDotAll(count, R, K, a, x, y, d);
+            }
+            mv::elements<T>(count, R, K, false, a, x, y, d);
+        }
+    }
+};
+
+}  // namespace kel::products
