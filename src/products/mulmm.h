@@ -44,12 +44,13 @@ struct Dims {
 // of the call has the element size as its Stride2.  Offsets inside one
 // object are formed in 64 bits: they fit 31 bits in every supported call,
 // where this is the 32-bit offset sign-extended.
-template <bool Packed, class V, bool Table = V::desc == Desc::P>
+// RowBytes: Stride1 known to the kernel (dense objects), 0 if not.
+template <bool Packed, class V, int RowBytes = 0, bool Table = V::desc == Desc::P>
 struct Cursor;
 
 // S and L: the object's first element and the strides.
-template <bool Packed, class V>
-struct Cursor<Packed, V, false> {
+template <bool Packed, class V, int RowBytes>
+struct Cursor<Packed, V, RowBytes, false> {
     using T = typename V::Elem;
     using Ptr = decltype(std::declval<const V&>().at(0, 0, 0));
     using Byte = std::conditional_t<std::is_const<std::remove_pointer_t<Ptr>>::value, const char, char>;
@@ -61,7 +62,8 @@ struct Cursor<Packed, V, false> {
     Ptr stored(int32_t j, int32_t i) const
     {
         const int64_t step = Packed ? int64_t(sizeof(T)) : s2;
-        return reinterpret_cast<Ptr>(reinterpret_cast<Byte*>(base) + j * s1 + i * step);
+        const int64_t rowStep = RowBytes ? int64_t(RowBytes) : s1;
+        return reinterpret_cast<Ptr>(reinterpret_cast<Byte*>(base) + j * rowStep + i * step);
     }
     Ptr at(int32_t j, int32_t i) const { return V::trans ? stored(i, j) : stored(j, i); }
     T get(int32_t j, int32_t i) const { return load<T>(at(j, i)); }
@@ -71,8 +73,8 @@ struct Cursor<Packed, V, false> {
 };
 
 // P: the table of element positions and the object's shift.
-template <bool Packed, class V>
-struct Cursor<Packed, V, true> {
+template <bool Packed, class V, int RowBytes>
+struct Cursor<Packed, V, RowBytes, true> {
     using T = typename V::Elem;
     using Ptr = decltype(std::declval<const V&>().at(0, 0, 0));
     static constexpr bool kRows = false;
@@ -89,9 +91,9 @@ struct Cursor<Packed, V, true> {
 
 // The objects of one operand.  The fields of the view are copied here once
 // per call, so that the object loop keeps them in registers.
-template <bool Packed, class V>
+template <bool Packed, class V, int RowBytes = 0>
 struct Walk {
-    using C = Cursor<Packed, V>;
+    using C = Cursor<Packed, V, RowBytes>;
     using Ptr = typename C::Ptr;
     Ptr base = nullptr;                  // S, single L
     typename V::Table table = nullptr;   // L arrays: objects; P: element positions
@@ -218,6 +220,9 @@ inline void spreadRow(const C& c, int r, Pack<typename C::T> (&out)[N])
                 out[4] = spread<0>(w), out[5] = spread<1>(w);
             }
         }
+    } else if constexpr (C::kRows) {
+        const T* p = c.row(r);
+        for (int k = 0; k < N; ++k) out[k] = Pack<T>::splat(load<T>(p + k));
     } else {
         for (int k = 0; k < N; ++k) out[k] = Pack<T>::splat(c.get(r, k));
     }
@@ -233,7 +238,8 @@ void fixedSize(int32_t count, bool fromZero, const A& a, const B& b, const D& d)
 }
 // Square size N, straight-line.  fromZero: each sum begins from +0.0
 // (p0 + 0.0 is 0.0 + p0: the addition of a non-NaN is commutative).
-// Dense: every array operand has a Stride1 of N elements.
+// Dense: every array operand has a Stride1 of N elements (and the call is
+// packed): rows follow each other at distances known here.
 template <int N, bool Packed, bool Dense, bool FromZero, class A, class B, class D>
 void fixedSizeZ(int32_t count, const A& a, const B& b, const D& d)
 {
@@ -241,9 +247,10 @@ void fixedSizeZ(int32_t count, const A& a, const B& b, const D& d)
     using T = typename D::Elem;
     using P = Pack<T>;
     using R = Row<T, N>;
-    const Walk<Packed, A> wa(a);
-    const Walk<Packed, B> wb(b);
-    const Walk<Packed, D> wd(d);
+    constexpr int rowBytes = Dense ? N * int(sizeof(T)) : 0;
+    const Walk<Packed, A, A::array ? rowBytes : 0> wa(a);
+    const Walk<Packed, B, B::array ? rowBytes : 0> wb(b);
+    const Walk<Packed, D, rowBytes> wd(d);
     R heldB[B::array ? 1 : N];
     P heldA[A::array ? 1 : N * N];
     if constexpr (!B::array)
@@ -298,24 +305,23 @@ inline Pack<float> flatA(const float* a)
     const __m128i w = _mm_loadu_si128(reinterpret_cast<const __m128i*>(a + Flat3::window(J, K)));
     return {_mm_castsi128_ps(_mm_shuffle_epi32(w, Flat3::pick(J)))};
 }
-template <int J>
-inline void flatPack(const float* a, float* d, const Pack<float> (&y)[3][3], bool fromZero)
+template <bool FromZero, int J>
+inline void flatPack(const float* a, float* d, const Pack<float> (&y)[3][3])
 {
     Pack<float> acc = flatA<J, 0>(a) * y[J % 3][0];
-    if (fromZero) acc = acc + Pack<float>::splat(0.0f);
+    if constexpr (FromZero) acc = acc + Pack<float>::splat(0.0f);
     acc = acc + flatA<J, 1>(a) * y[J % 3][1];
     acc = acc + flatA<J, 2>(a) * y[J % 3][2];
     acc.store(d + 4 * J);
 }
-template <int... J>
-inline void flatBlock(const float* a, float* d, const Pack<float> (&y)[3][3], bool fromZero,
-                      std::integer_sequence<int, J...>)
+template <bool FromZero, int... J>
+inline void flatBlock(const float* a, float* d, const Pack<float> (&y)[3][3], std::integer_sequence<int, J...>)
 {
-    (flatPack<J>(a, d, y, fromZero), ...);
+    (flatPack<FromZero, J>(a, d, y), ...);
 }
 
-template <class A, class B, class D>
-void flat3(int32_t blocks, bool fromZero, const A& a, const B& b, const D& d)
+template <bool FromZero, class A, class B, class D>
+void flat3(int32_t blocks, const A& a, const B& b, const D& d)
 {
     const auto cb = Walk<true, B>(b).first();
     Pack<float> y[3][3];  // [j % 3][k]: lane l holds B(k, (4j + l) % 3)
@@ -328,7 +334,7 @@ void flat3(int32_t blocks, bool fromZero, const A& a, const B& b, const D& d)
     const float* pa = a.base;
     float* pd = d.base;
     for (int32_t q = 0; q < blocks; ++q, pa += 36, pd += 36)
-        flatBlock(pa, pd, y, fromZero, std::make_integer_sequence<int, 9>{});
+        flatBlock<FromZero>(pa, pd, y, std::make_integer_sequence<int, 9>{});
 }
 
 // Any size; every sum begins from +0.0.
@@ -398,33 +404,36 @@ struct Kernel {
     {
         const bool fromZero = dm.n == 0 || !(straight >> dm.n & 1u);
         switch (dm.n) {
-        case 3: three<Packed>(count, fromZero, a, b, d); break;
-        case 4: fixedSize<4, Packed>(count, fromZero, a, b, d); break;
-        case 5: fixedSize<5, Packed>(count, fromZero, a, b, d); break;
-        case 6: fixedSize<6, Packed>(count, fromZero, a, b, d); break;
+        case 3: square<3, Packed>(count, fromZero, a, b, d); break;
+        case 4: square<4, Packed>(count, fromZero, a, b, d); break;
+        case 5: square<5, Packed>(count, fromZero, a, b, d); break;
+        case 6: square<6, Packed>(count, fromZero, a, b, d); break;
         default: anySize<Packed>(count, dm, a, b, d); break;
         }
     }
 
-    // 3 x 3: rows of dense float objects by whole packs; arrays of dense
-    // float objects one after the other times one matrix, four at a time.
-    template <bool Packed, class A, class B, class D>
-    void three(int32_t count, bool fromZero, const A& a, const B& b, const D& d) const
+    // Square sizes: dense arrays with rows at known distances; arrays of
+    // dense 3 x 3 floats one after the other times one matrix, four objects
+    // at a time.
+    template <int N, bool Packed, class A, class B, class D>
+    void square(int32_t count, bool fromZero, const A& a, const B& b, const D& d) const
     {
-        if constexpr (Packed && std::is_same<typename D::Elem, float>::value) {
-            if (dense(d, 3) && (!A::array || dense(a, 3)) && (!B::array || dense(b, 3))) {
+        if constexpr (Packed) {
+            if ((!A::array || dense(a, N)) && (!B::array || dense(b, N)) && dense(d, N)) {
                 int32_t done = 0;
-                if constexpr (A::array && !B::array && A::desc == Desc::S && !A::trans) {
+                if constexpr (N == 3 && std::is_same<typename D::Elem, float>::value && A::array && !B::array &&
+                              A::desc == Desc::S && !A::trans) {
                     if (a.s0 == 36 && d.s0 == 36) {
                         done = count / 4 * 4;
-                        flat3(count / 4, fromZero, a, b, d);
+                        if (fromZero) flat3<true>(count / 4, a, b, d);
+                        else flat3<false>(count / 4, a, b, d);
                     }
                 }
-                if (done < count) fixedSize<3, true, true>(count - done, fromZero, a.slice(done), b, d.slice(done));
+                if (done < count) fixedSize<N, true, true>(count - done, fromZero, a.slice(done), b, d.slice(done));
                 return;
             }
         }
-        fixedSize<3, Packed>(count, fromZero, a, b, d);
+        fixedSize<N, Packed>(count, fromZero, a, b, d);
     }
 };
 
