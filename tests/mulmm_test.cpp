@@ -274,9 +274,13 @@ TEST_P(Mul, SignOfAZeroSumPerSizeClass)
     const Member& m = member(GetParam());
     const Groups g = groupsOf(m);
     uint32_t seed = 300;
+    std::mt19937 rng(3);
     for (int n : {2, 3, 4, 5, 6, 7}) {
-        for (Form form : {Form::Packed, Form::Strided}) {
-            Case s = makeCase(m, storedSizes(m, n, n, n, 3), Layout{form}, seed++);
+        for (int layout = 0; layout < 3; ++layout) {  // packed, strided, dense
+            Case s = makeCase(m, storedSizes(m, n, n, n, 5), Layout{layout == 1 ? Form::Strided : Form::Packed}, seed++);
+            if (layout == 2 && m.desc != "P")
+                for (auto& op : s.ops)
+                    if (!op.info.isSize()) makeDense(op, rng);
             Operand &A = s.ops[g.a], &B = s.ops[g.b];
             for (int o = 0; o < A.objects; ++o)
                 for (int r = 0; r < A.rows; ++r)

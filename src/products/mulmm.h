@@ -10,10 +10,12 @@
 // sum.  So any loop shape may compute any element, as long as each lane of
 // a vector carries exactly one element's sequence of operations:
 //   fixed   square sizes 3..6 (whichever start the member's class gives):
-//           straight-line code on rows of B held in vector registers,
-//           dst row r = A(r, 0) * B row 0 + A(r, 1) * B row 1 + ...; a single
-//           operand is loaded once for the whole array (the rows of a
-//           single B; the elements of a single A, each spread over a pack)
+//           dst row r = A(r, 0) * B row 0 + A(r, 1) * B row 1 + ..., rows of
+//           B in vector registers, each element of A spread over a pack; a
+//           single operand is loaded once for the whole array.  Arrays of
+//           dense objects (rows back to back) get row distances known at
+//           compile time, and dense 3 x 3 floats one after the other times
+//           one matrix go four objects at a time, one dst element per lane.
 //   rows    any size with contiguous rows of B and dst: the same along
 //           runs of up to one pack of columns
 //   any     everything else: one element at a time
@@ -228,22 +230,13 @@ inline void spreadRow(const C& c, int r, Pack<typename C::T> (&out)[N])
     }
 }
 
-template <int N, bool Packed, bool Dense, bool FromZero, class A, class B, class D>
-void fixedSizeZ(int32_t count, const A& a, const B& b, const D& d);
-template <int N, bool Packed, bool Dense = false, class A, class B, class D>
-void fixedSize(int32_t count, bool fromZero, const A& a, const B& b, const D& d)
-{
-    if (fromZero) fixedSizeZ<N, Packed, Dense, true>(count, a, b, d);
-    else fixedSizeZ<N, Packed, Dense, false>(count, a, b, d);
-}
-// Square size N, straight-line.  fromZero: each sum begins from +0.0
+// Square size N, straight-line.  FromZero: each sum begins from +0.0
 // (p0 + 0.0 is 0.0 + p0: the addition of a non-NaN is commutative).
 // Dense: every array operand has a Stride1 of N elements (and the call is
 // packed): rows follow each other at distances known here.
 template <int N, bool Packed, bool Dense, bool FromZero, class A, class B, class D>
-void fixedSizeZ(int32_t count, const A& a, const B& b, const D& d)
+void straightLine(int32_t count, const A& a, const B& b, const D& d)
 {
-    constexpr bool fromZero = FromZero;
     using T = typename D::Elem;
     using P = Pack<T>;
     using R = Row<T, N>;
@@ -273,11 +266,18 @@ void fixedSizeZ(int32_t count, const A& a, const B& b, const D& d)
             if constexpr (A::array) spreadRow<N, Dense>(ca, r, rowA);
             const P* ak = A::array ? rowA : heldA + r * N;
             R acc = scale(ak[0], bk[0]);
-            if constexpr (fromZero) acc = acc + zero;
+            if constexpr (FromZero) acc = acc + zero;
             for (int k = 1; k < N; ++k) acc = acc + scale(ak[k], bk[k]);
             storeRow<N, Dense>(cd, r, acc);
         }
     }
+}
+
+template <int N, bool Packed, bool Dense = false, class A, class B, class D>
+void fixedSize(int32_t count, bool fromZero, const A& a, const B& b, const D& d)
+{
+    if (fromZero) straightLine<N, Packed, Dense, true>(count, a, b, d);
+    else straightLine<N, Packed, Dense, false>(count, a, b, d);
 }
 
 // 3 x 3 floats, an array of dense objects packed one after the other (36
