@@ -346,17 +346,6 @@ INSTANTIATE_TEST_SUITE_P(MatrixMatrix, Mul, ::testing::ValuesIn(memberNames({"Mu
 
 // ---- documented cases -------------------------------------------------------------------
 
-TEST(MulCases, FourRowsTwoColumnsThenTheRest)
-{
-    // R = 5, C = 3, K = 2 in mm_32f: every element ascending from +0.0.
-    const float a[10] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};  // 5 x 2
-    const float b[6] = {1, 0.5f, -1, 2, 0.25f, 3};        // 2 x 3
-    float d[15];
-    ASSERT_EQ(kelmMul_mm_32f(a, 8, 4, 2, 5, b, 12, 4, 3, 2, d, 12, 4), kelStsNoErr);
-    for (int r = 0; r < 5; ++r)
-        for (int c = 0; c < 3; ++c) EXPECT_EQ(d[r * 3 + c], a[r * 2] * b[c] + a[r * 2 + 1] * b[3 + c]);
-}
-
 TEST(MulCases, TransposedSizesAreThoseAsStored)
 {
     // tt: src1 stored with W1 = 2, H1 = 3 gives R = 2 and K = 3; src2 stored
