@@ -78,7 +78,9 @@ std::vector<Fault> faultsOf(const Member& m, const Sizes& valid)
             continue;
         }
         if (g.kind != "c") {
-            const bool table = g.desc == 'P' ? g.kind != "ca" : (g.desc == 'L' && isArrayKind(g.kind));
+            // Dense buffers, scratch and pivot tables are plain pointers in every description.
+            const bool plain = g.kind == "out" || g.kind == "buf" || g.kind == "piv" || g.kind == "cpiv";
+            const bool table = !plain && (g.desc == 'P' ? g.kind != "ca" : (g.desc == 'L' && isArrayKind(g.kind)));
             out.push_back({'N', g.prefix + " null", [k, table](Case&, Call& c) {
                                if (table) c.g[k].pp = nullptr;
                                else c.g[k].p = nullptr;
