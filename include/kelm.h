@@ -315,6 +315,46 @@ KELM_API KelStatus kelmSub_vava_64f(const Kel64f* src1, int src1Stride0, int src
 KELM_API KelStatus kelmSub_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
 KELM_API KelStatus kelmSub_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
 
+/* ---- Copy (copy) ---- */
+/* Copy: the objects of an array from one description into another.  The */
+/* suffix names the source's description, then the destination's. */
+KELM_API KelStatus kelmCopy_ma_32f_LL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_LP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_LS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_PL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_PP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_PS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_SL(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_SP(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_SS(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_LL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_LP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_LS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_PL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_PP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_PS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_SL(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_SP(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_SS(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_va_32f_LL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_LP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_LS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_PL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_PP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_PS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_SL(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_SP(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_SS(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_LL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_LP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_LS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_PL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_PP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_PS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_SL(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_SP(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_SS(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+
 #ifdef __cplusplus
 }
 #endif
