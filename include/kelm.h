@@ -355,6 +355,41 @@ KELM_API KelStatus kelmCopy_va_64f_SL(const Kel64f* src, int srcStride0, int src
 KELM_API KelStatus kelmCopy_va_64f_SP(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
 KELM_API KelStatus kelmCopy_va_64f_SS(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
 
+/* ---- Extract (extract) ---- */
+/* Extract: gathers objects of any description into one dense buffer, each */
+/* object row-major without gaps, objects one after the other; t and ta read */
+/* a transposed source, so dst holds the transposition. */
+KELM_API KelStatus kelmExtract_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_t_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_t_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_t_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_t_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_ta_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_v_32f(const Kel32f* src, int srcStride2, Kel32f* dst, int len);
+KELM_API KelStatus kelmExtract_v_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int len);
+KELM_API KelStatus kelmExtract_v_64f(const Kel64f* src, int srcStride2, Kel64f* dst, int len);
+KELM_API KelStatus kelmExtract_v_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int len);
+KELM_API KelStatus kelmExtract_va_32f(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_64f(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int len, int count);
+
 #ifdef __cplusplus
 }
 #endif
