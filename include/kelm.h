@@ -390,6 +390,16 @@ KELM_API KelStatus kelmExtract_va_64f(const Kel64f* src, int srcStride0, int src
 KELM_API KelStatus kelmExtract_va_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* dst, int len, int count);
 KELM_API KelStatus kelmExtract_va_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int len, int count);
 
+/* ---- LoadIdentity (loadidentity) ---- */
+/* LoadIdentity: every object of the array becomes an identity matrix: 1 at */
+/* (j, j) for j below both width and height, 0 everywhere else. */
+KELM_API KelStatus kelmLoadIdentity_ma_32f(Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_32f_L(Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_32f_P(Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_64f(Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_64f_L(Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_64f_P(Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+
 #ifdef __cplusplus
 }
 #endif
