@@ -400,6 +400,22 @@ KELM_API KelStatus kelmLoadIdentity_ma_64f(Kel64f* dst, int dstStride0, int dstS
 KELM_API KelStatus kelmLoadIdentity_ma_64f_L(Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
 KELM_API KelStatus kelmLoadIdentity_ma_64f_P(Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
 
+/* ---- Transpose (transpose) ---- */
+/* Transpose: dst[n](i, j) = src[n](j, i); width and height are the */
+/* source's, so the result has width rows of height elements.  In P the */
+/* destination table is row-major over the result.  Source and destination */
+/* must not overlap. */
+KELM_API KelStatus kelmTranspose_m_32f(const Kel32f* src, int srcStride1, int srcStride2, int width, int height, Kel32f* dst, int dstStride1, int dstStride2);
+KELM_API KelStatus kelmTranspose_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int width, int height, Kel32f* const* ppDst, int dstRoiShift);
+KELM_API KelStatus kelmTranspose_m_64f(const Kel64f* src, int srcStride1, int srcStride2, int width, int height, Kel64f* dst, int dstStride1, int dstStride2);
+KELM_API KelStatus kelmTranspose_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int width, int height, Kel64f* const* ppDst, int dstRoiShift);
+KELM_API KelStatus kelmTranspose_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, int width, int height, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, int height, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, int width, int height, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmTranspose_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int width, int height, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, int height, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int width, int height, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+
 #ifdef __cplusplus
 }
 #endif
