@@ -353,6 +353,107 @@ KELM_API KelStatus kelmLUDecomp_ma_64f(const Kel64f* src, int srcStride0, int sr
 KELM_API KelStatus kelmLUDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
 KELM_API KelStatus kelmLUDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
 
+/* ---- Copy (copy) ---- */
+/* Copy: the objects of an array from one description into another.  The */
+/* suffix names the source's description, then the destination's. */
+KELM_API KelStatus kelmCopy_ma_32f_LL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_LP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_LS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_PL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_PP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_PS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_SL(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_SP(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_32f_SS(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_LL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_LP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_LS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_PL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_PP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_PS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_SL(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_SP(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmCopy_ma_64f_SS(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmCopy_va_32f_LL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_LP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_LS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_PL(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_PP(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_PS(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_SL(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_SP(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_32f_SS(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_LL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_LP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_LS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_PL(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_PP(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_PS(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_SL(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_SP(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmCopy_va_64f_SS(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+
+/* ---- Extract (extract) ---- */
+/* Extract: gathers objects of any description into one dense buffer, each */
+/* object row-major without gaps, objects one after the other; t and ta read */
+/* a transposed source, so dst holds the transposition. */
+KELM_API KelStatus kelmExtract_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_t_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_t_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_t_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_t_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int width, int height);
+KELM_API KelStatus kelmExtract_ta_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_ta_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int width, int height, int count);
+KELM_API KelStatus kelmExtract_v_32f(const Kel32f* src, int srcStride2, Kel32f* dst, int len);
+KELM_API KelStatus kelmExtract_v_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int len);
+KELM_API KelStatus kelmExtract_v_64f(const Kel64f* src, int srcStride2, Kel64f* dst, int len);
+KELM_API KelStatus kelmExtract_v_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int len);
+KELM_API KelStatus kelmExtract_va_32f(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_64f(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmExtract_va_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int len, int count);
+
+/* ---- LoadIdentity (loadidentity) ---- */
+/* LoadIdentity: every object of the array becomes an identity matrix: 1 at */
+/* (j, j) for j below both width and height, 0 everywhere else. */
+KELM_API KelStatus kelmLoadIdentity_ma_32f(Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_32f_L(Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_32f_P(Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_64f(Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_64f_L(Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmLoadIdentity_ma_64f_P(Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+
+/* ---- Transpose (transpose) ---- */
+/* Transpose: dst[n](i, j) = src[n](j, i); width and height are the */
+/* source's, so the result has width rows of height elements.  In P the */
+/* destination table is row-major over the result.  Source and destination */
+/* must not overlap. */
+KELM_API KelStatus kelmTranspose_m_32f(const Kel32f* src, int srcStride1, int srcStride2, int width, int height, Kel32f* dst, int dstStride1, int dstStride2);
+KELM_API KelStatus kelmTranspose_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int width, int height, Kel32f* const* ppDst, int dstRoiShift);
+KELM_API KelStatus kelmTranspose_m_64f(const Kel64f* src, int srcStride1, int srcStride2, int width, int height, Kel64f* dst, int dstStride1, int dstStride2);
+KELM_API KelStatus kelmTranspose_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int width, int height, Kel64f* const* ppDst, int dstRoiShift);
+KELM_API KelStatus kelmTranspose_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, int width, int height, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, int height, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, int width, int height, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmTranspose_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int width, int height, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, int height, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int count);
+KELM_API KelStatus kelmTranspose_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int width, int height, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+
 /* ---- Gaxpy (gaxpy) ---- */
 /* Gaxpy: dst(r) = (sum over k ascending of src1(r, k) * src2(k)) + src3(r); */
 /* src3 is added to the complete sum. */

@@ -78,7 +78,7 @@ std::vector<Fault> faultsOf(const Member& m, const Sizes& valid)
             continue;
         }
         if (g.kind != "c") {
-            // Pivot tables, plain results and scratch are plain pointers in every description.
+            // Dense buffers, scratch and pivot tables are plain pointers in every description.
             const bool plain = g.kind == "out" || g.kind == "buf" || g.kind == "piv" || g.kind == "cpiv";
             const bool table = !plain && (g.desc == 'P' ? g.kind != "ca" : (g.desc == 'L' && isArrayKind(g.kind)));
             out.push_back({'N', g.prefix + " null", [k, table](Case&, Call& c) {

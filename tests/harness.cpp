@@ -22,11 +22,27 @@ extern "C" int ownGetNumThreads(void)
     return n > 0 ? n : omp_get_max_threads();
 }
 
+// Likewise for the size of the largest cache.
+namespace {
+std::atomic<int> g_cacheSize{256 * 1024};
+std::atomic<int> g_cacheQueries{0};
+}  // namespace
+
+extern "C" int kelGetMaxCacheSizeB(int* size)
+{
+    g_cacheQueries.fetch_add(1);
+    if (size) *size = g_cacheSize.load();
+    return 0;
+}
+
 namespace kt {
 
 void forceThreads(int n) { g_forced = n; }
 int threadQueries() { return g_queries.load(); }
 void resetThreadQueries() { g_queries = 0; }
+void setCacheSize(int bytes) { g_cacheSize = bytes; }
+int cacheQueries() { return g_cacheQueries.load(); }
+void resetCacheQueries() { g_cacheQueries = 0; }
 
 // ---- registry -------------------------------------------------------------------
 
@@ -427,12 +443,21 @@ int dstGroup(const Member& m)
 std::string compareAfter(const Case& s, const std::vector<std::vector<unsigned char>>& before,
                          const std::vector<double>& expected)
 {
+    std::vector<uint64_t> bits(expected.size());
+    const int elem = s.ops[dstGroup(*s.m)].elem;
+    for (size_t k = 0; k < expected.size(); ++k) bits[k] = toBits(expected[k], elem);
+    return compareAfterBits(s, before, bits);
+}
+
+std::string compareAfterBits(const Case& s, const std::vector<std::vector<unsigned char>>& before,
+                             const std::vector<uint64_t>& expected)
+{
     auto want = before;
     const int d = dstGroup(*s.m);
     const int home = s.inPlaceOf >= 0 ? s.inPlaceOf : d;
     const Operand& dst = s.ops[d];
     for (size_t k = 0; k < expected.size(); ++k) {
-        uint64_t b = toBits(expected[k], dst.elem);
+        uint64_t b = expected[k];
         std::memcpy(want[home].data() + dst.offsets[k], &b, dst.elem);
     }
     for (size_t g = 0; g < s.ops.size(); ++g) {

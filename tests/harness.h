@@ -92,6 +92,14 @@ void forceThreads(int n);
 int threadQueries();   // calls since the last reset
 void resetThreadQueries();
 
+// ---- cache size (interposed kelGetMaxCacheSizeB) -------------------------------
+
+// Answer of the test's kelGetMaxCacheSizeB in bytes, 0 meaning "unknown";
+// 256 KiB until a test sets another.
+void setCacheSize(int bytes);
+int cacheQueries();    // calls since the last reset
+void resetCacheQueries();
+
 // ---- layouts and operands -------------------------------------------------------
 
 enum class Form { Random, Packed, Strided };
@@ -167,6 +175,10 @@ int dstGroup(const Member& m);
 // description of the first difference.
 std::string compareAfter(const Case& s, const std::vector<std::vector<unsigned char>>& before,
                          const std::vector<double>& expected);
+// The same with the expected elements as bit patterns (low `elem` bytes),
+// for results that must arrive bit for bit (NaN payloads included).
+std::string compareAfterBits(const Case& s, const std::vector<std::vector<unsigned char>>& before,
+                             const std::vector<uint64_t>& expected);
 
 // Every byte of every arena as it was.
 std::string compareUntouched(const Case& s, const std::vector<std::vector<unsigned char>>& before);

@@ -1,0 +1,39 @@
+// Copy: object n, element (j, i) of the destination gets object n, element
+// (j, i) of the source, each located through its own description.
+//
+// One element a step, objects, rows and elements ascending, with no block
+// copy and no fast path: when source and destination overlap, the result
+// is that of this element order.
+#pragma once
+
+#include <cstdint>
+
+#include "movement/movement.h"
+
+namespace kel::movement {
+
+struct CopyKernel {
+    int32_t w, h;
+
+    template <class S, class D>
+    KelStatus operator()(int32_t count, void*, const S& src, const D& dst) const
+    {
+        for (int32_t n = 0; n < count; ++n)
+            for (int32_t j = 0; j < h; ++j)
+                for (int32_t i = 0; i < w; ++i) moveWord(src.at(n, j, i), dst.at(n, j, i));
+        return kelStsNoErr;
+    }
+};
+
+// Front end of every Copy member: views arrive as source, destination.
+template <class S, class D>
+KelStatus copy(const Traits& tr, const Sizes& s, S src, D dst)
+{
+    const int32_t w = widthOf<D>(s), h = heightOf<D>(s);
+    // P tables are row-major over the object, `w` entries a row.
+    src.setStoredWidth(w);
+    dst.setStoredWidth(w);
+    return run(tr, s, noMismatch, DriverInfo{}, CopyKernel{w, h}, src, dst);
+}
+
+}  // namespace kel::movement
