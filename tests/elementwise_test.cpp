@@ -100,14 +100,7 @@ class Elementwise : public ::testing::TestWithParam<std::string> {};
 TEST_P(Elementwise, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m)) {
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
-            runAndCompare(s);
-            if (HasFatalFailure()) return;
-        }
-    }
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) { runAndCompare(s); });
 }
 
 TEST_P(Elementwise, InPlaceWithTheSameLayout)

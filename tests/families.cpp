@@ -1,5 +1,7 @@
 #include "families.h"
 
+#include <gtest/gtest.h>
+
 #include <cctype>
 #include <stdexcept>
 #include <utility>
@@ -88,6 +90,19 @@ Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t s
         h.fill(c, rng);
     }
     return c;
+}
+
+std::vector<Form> everyForm() { return {Form::Packed, Form::Random, Form::Random, Form::Strided}; }
+
+void sweep(const Member& m, const std::vector<Sizes>& grid, const std::vector<Form>& forms, uint32_t seed,
+           const std::function<void(Case&)>& check)
+{
+    for (auto& sizes : grid)
+        for (Form form : forms) {
+            Case s = makeCase(m, sizes, Layout{form}, seed++);
+            check(s);
+            if (::testing::Test::HasFatalFailure()) return;
+        }
 }
 
 // Recursive descent over + * ( ) and names, in uint32 arithmetic.

@@ -48,6 +48,14 @@ Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t s
 // operand is stored with `height` columns.
 Shape elementwiseShape(const Member& m, const GroupInfo& g, const Sizes& sizes);
 
+// The layouts a model comparison runs through: packed, two random, strided.
+std::vector<Form> everyForm();
+
+// Runs `check` on a case of m for all sizes of `grid` in every form of
+// `forms`, seeds counting up from `seed`; stops at the first fatal failure.
+void sweep(const Member& m, const std::vector<Sizes>& grid, const std::vector<Form>& forms, uint32_t seed,
+           const std::function<void(Case&)>& check);
+
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
 

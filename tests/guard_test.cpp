@@ -1,6 +1,8 @@
 // Fast paths never touch memory past the last element: each operand ends
 // right before a page that may not be read or written.
 #include <gtest/gtest.h>
+
+#include "guarded.h"
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -10,29 +12,7 @@
 
 namespace {
 
-// Memory whose last usable byte is followed by a PROT_NONE page.
-class Guarded {
-public:
-    explicit Guarded(size_t bytes)
-    {
-        page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-        span_ = (bytes + page_ - 1) / page_ * page_ + page_;
-        base_ = static_cast<char*>(mmap(nullptr, span_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-        mprotect(base_ + span_ - page_, page_, PROT_NONE);
-        data_ = base_ + span_ - page_ - bytes;
-    }
-    ~Guarded() { munmap(base_, span_); }
-    template <class T>
-    T* as() const
-    {
-        return reinterpret_cast<T*>(data_);
-    }
-
-private:
-    char* base_;
-    char* data_;
-    size_t page_, span_;
-};
+using kt::Guarded;
 
 template <class T>
 void fill(T* p, int n, T start)

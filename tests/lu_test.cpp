@@ -380,13 +380,7 @@ class LUDecomp : public ::testing::TestWithParam<std::string> {};
 TEST_P(LUDecomp, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m))
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
-            checkDecomp(s, serial(s));
-            if (HasFatalFailure()) return;
-        }
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) { checkDecomp(s, serial(s)); });
 }
 
 // dst may be src: the straight-line class reads the whole matrix first, the
@@ -628,13 +622,7 @@ class LUBackSubst : public ::testing::TestWithParam<std::string> {};
 TEST_P(LUBackSubst, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m))
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
-            checkSolve(s);
-            if (HasFatalFailure()) return;
-        }
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) { checkSolve(s); });
 }
 
 // dst over src2: right at orders 3 to 6; the general loop overwrites the

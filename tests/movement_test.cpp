@@ -4,6 +4,8 @@
 // subnormals), and results are compared bit for bit: these families move
 // words, they never compute.
 #include <gtest/gtest.h>
+
+#include "guarded.h"
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -154,15 +156,11 @@ class Movement : public ::testing::TestWithParam<std::string> {};
 TEST_P(Movement, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m)) {
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed);
-            fillBits(s, seed++);
-            runAndCompare(s);
-            if (HasFatalFailure()) return;
-        }
-    }
+    uint32_t bits = 1;
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) {
+        fillBits(s, bits++);
+        runAndCompare(s);
+    });
 }
 
 // These families never ask for a thread count, however large the array.
@@ -582,32 +580,7 @@ TEST(TransposeCache, OnlyPackedThirtyTwoBitPathsAsk)
 
 // ---- guard pages ----------------------------------------------------------------------
 
-// Memory whose last usable byte is followed by a page that may not be read
-// or written.
-class Guarded {
-public:
-    explicit Guarded(size_t bytes)
-    {
-        page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-        span_ = (bytes + page_ - 1) / page_ * page_ + page_;
-        base_ = static_cast<char*>(mmap(nullptr, span_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-        mprotect(base_ + span_ - page_, page_, PROT_NONE);
-        data_ = base_ + span_ - page_ - bytes;
-    }
-    ~Guarded() { munmap(base_, span_); }
-    Guarded(const Guarded&) = delete;
-    Guarded& operator=(const Guarded&) = delete;
-    template <class T>
-    T* as(size_t skipBytes = 0) const
-    {
-        return reinterpret_cast<T*>(data_ + skipBytes);
-    }
-
-private:
-    char* base_;
-    char* data_;
-    size_t page_, span_;
-};
+using kt::Guarded;
 
 TEST(GuardPage, LoadIdentityFastPathsStopAtTheLastElement)
 {

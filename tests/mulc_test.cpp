@@ -81,13 +81,7 @@ class MulC : public ::testing::TestWithParam<std::string> {};
 TEST_P(MulC, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m))
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
-            runAndCompare(s);
-            if (HasFatalFailure()) return;
-        }
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) { runAndCompare(s); });
 }
 
 // Each element is read before it is written, so dst may be the source in

@@ -1,6 +1,8 @@
 // Products of two matrices against a plain model that sums in ascending k,
 // over every member, description, type, size and layout.
 #include <gtest/gtest.h>
+
+#include "guarded.h"
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -228,14 +230,7 @@ class Mul : public ::testing::TestWithParam<std::string> {};
 TEST_P(Mul, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m)) {
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
-            runAndCompare(s);
-            if (HasFatalFailure()) return;
-        }
-    }
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) { runAndCompare(s); });
 }
 
 // Lays an S or L operand out like a C array of matrices: rows back to back,
@@ -380,29 +375,7 @@ TEST(MulCases, TransposedSizesAreThoseAsStored)
 
 // ---- guard pages ---------------------------------------------------------------------------
 
-// Memory whose last byte is followed by a page that may not be touched.
-class Guarded {
-public:
-    explicit Guarded(size_t bytes)
-    {
-        page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-        span_ = (bytes + page_ - 1) / page_ * page_ + page_;
-        base_ = static_cast<char*>(mmap(nullptr, span_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-        mprotect(base_ + span_ - page_, page_, PROT_NONE);
-        data_ = base_ + span_ - page_ - bytes;
-    }
-    ~Guarded() { munmap(base_, span_); }
-    template <class T>
-    T* as() const
-    {
-        return reinterpret_cast<T*>(data_);
-    }
-
-private:
-    char* base_;
-    char* data_;
-    size_t page_, span_;
-};
+using kt::Guarded;
 
 // Packed square matrices that end right before a guard page, a single
 // operand at the end of its own memory: the straight-line paths read and

@@ -3,6 +3,8 @@
 // and layout; the sign of zero sums per size class; the address-dependent
 // rounding of Mul_mva_32f; limits and thread counts.
 #include <gtest/gtest.h>
+
+#include "guarded.h"
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -222,13 +224,7 @@ class MatVec : public ::testing::TestWithParam<std::string> {};
 TEST_P(MatVec, MatchesModelOnEveryLayout)
 {
     const Member& m = member(GetParam());
-    uint32_t seed = 1;
-    for (auto& sizes : sizeGrid(m))
-        for (Form form : {Form::Packed, Form::Random, Form::Random, Form::Strided}) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
-            runAndCompare(s);
-            if (HasFatalFailure()) return;
-        }
+    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) { runAndCompare(s); });
 }
 
 // Every product -0.0 (and src3 -0.0): a straight-line sum is -0.0, a sum
@@ -431,31 +427,7 @@ TEST(Gaxpy, NaNInTheAddendStaysInItsRow)
 
 // ---- fast paths stay inside their operands ----------------------------------------------------
 
-// Memory whose last byte is followed by a page that may not be touched.
-class Guarded {
-public:
-    explicit Guarded(size_t bytes)
-    {
-        page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-        span_ = (bytes + page_ - 1) / page_ * page_ + page_;
-        base_ = static_cast<char*>(mmap(nullptr, span_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-        mprotect(base_ + span_ - page_, page_, PROT_NONE);
-        data_ = base_ + span_ - page_ - bytes;
-    }
-    ~Guarded() { munmap(base_, span_); }
-    Guarded(const Guarded&) = delete;
-    Guarded& operator=(const Guarded&) = delete;
-    template <class T>
-    T* as() const
-    {
-        return reinterpret_cast<T*>(data_);
-    }
-
-private:
-    char* base_;
-    char* data_;
-    size_t page_, span_;
-};
+using kt::Guarded;
 
 // Packed square operands, each ending at a guard page; small integers make
 // every order of summation exact.

@@ -229,13 +229,15 @@ int64_t flatPeriods(int64_t total, const FlatSource<Isa, typename D::Elem, A>& l
     using P = simd::Pack<Isa, T>;
     constexpr int L = simd::kLanes<T>;
     constexpr int32_t period = NP * L;
-    P heldA[NP], heldB[NP];
-    for (int i = 0; i < NP; ++i) {
-        heldA[i] = left.at(0, i * L, L);
-        heldB[i] = right.at(0, i * L, L);
-    }
     constexpr bool streamA = A::array && A::kind != Kind::Constant;
     constexpr bool streamB = B::array && B::kind != Kind::Constant;
+    // Only the held operands are read here: an array may be shorter than
+    // one period.
+    P heldA[NP], heldB[NP];
+    for (int i = 0; i < NP; ++i) {
+        if constexpr (!streamA) heldA[i] = left.at(0, i * L, L);
+        if constexpr (!streamB) heldB[i] = right.at(0, i * L, L);
+    }
     int64_t k = 0;
     for (; k + period <= total; k += period) {
         for (int i = 0; i < NP; ++i) {
