@@ -219,8 +219,9 @@ struct FlatSource {
     }
 };
 
-// Flat path with a period of NP packs: the pattern of a single operand is
-// held in registers and each period is straight-line code.
+// Flat path in steps of NP packs, straight-line code for each step.  A
+// single operand's pattern, NP packs long, is held in registers; streams
+// and constants need no period and take NP = 4.
 template <int NP, class Op, class Isa, class A, class B, class D>
 int64_t flatPeriods(int64_t total, const FlatSource<Isa, typename D::Elem, A>& left,
                     const FlatSource<Isa, typename D::Elem, B>& right, typename D::Elem* out)
@@ -267,7 +268,8 @@ void flat(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& 
     // A single object is worth holding in registers; arrays and constants
     // stream through the loop below just as fast.
     constexpr bool held = (!A::array && A::kind != Kind::Constant) || (!B::array && B::kind != Kind::Constant);
-    if constexpr (held) switch (period / L) {
+    if constexpr (!held) k = flatPeriods<4, Op, Isa, A, B, D>(total, left, right, out);
+    else switch (period / L) {
     case 1: k = flatPeriods<1, Op, Isa, A, B, D>(total, left, right, out); break;
     case 2: k = flatPeriods<2, Op, Isa, A, B, D>(total, left, right, out); break;
     case 4: k = flatPeriods<4, Op, Isa, A, B, D>(total, left, right, out); break;
