@@ -1,5 +1,5 @@
-// Add on packed arrays of 3x3 and 4x4 float matrices: kelm against a plain
-// loop and against Eigen's fixed-size matrices in a loop.
+// Add and Sub on packed arrays of 3x3 and 4x4 float matrices: kelm against a
+// plain loop and against Eigen's fixed-size matrices in a loop.
 #include "common.h"
 #include "kelm.h"
 
@@ -73,6 +73,36 @@ void EigenMama(benchmark::State& state)
 }
 #endif
 
+// ---- array - array ---------------------------------------------------------------------
+
+template <int N>
+void KelmSubMama(benchmark::State& state)
+{
+    Arrays<N> x(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        kelmSub_mama_32f(x.a.data(), kObj(N), N * 4, 4, x.b.data(), kObj(N), N * 4, 4, x.d.data(), kObj(N), N * 4, 4,
+                         N, N, x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kObj(N));
+}
+
+template <int N>
+void LoopSubMama(benchmark::State& state)
+{
+    Arrays<N> x(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        const float* a = x.a.data();
+        const float* b = x.b.data();
+        float* d = x.d.data();
+        for (int n = 0; n < x.count; ++n)
+            for (int j = 0; j < N; ++j)
+                for (int i = 0; i < N; ++i) d[(n * N + j) * N + i] = a[(n * N + j) * N + i] - b[(n * N + j) * N + i];
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kObj(N));
+}
+
 // ---- array + one matrix ----------------------------------------------------------------
 
 template <int N>
@@ -141,6 +171,8 @@ KELM_ADD_BENCH(LoopMam);
 KELM_ADD_BENCH(EigenMama);
 KELM_ADD_BENCH(EigenMam);
 #endif
+BENCHMARK_TEMPLATE(KelmSubMama, 4)->Arg(1000)->Arg(1000000);
+BENCHMARK_TEMPLATE(LoopSubMama, 4)->Arg(1000)->Arg(1000000);
 BENCHMARK(Triad)->Arg(1000000);
 
 }  // namespace
