@@ -41,4 +41,8 @@ cmake --build "$prefix/consumer" >/dev/null
 LD_LIBRARY_PATH="$prefix/lib" "$prefix/consumer/consumer"
 PKG_CONFIG_PATH="$prefix/lib/pkgconfig" cc -std=c99 tests/c_example.c $(PKG_CONFIG_PATH="$prefix/lib/pkgconfig" pkg-config --cflags --libs kelm) -o "$prefix/pc_example"
 LD_LIBRARY_PATH="$prefix/lib" "$prefix/pc_example"
-echo "install check: 1 passed, 0 failed"
+echo "installed kelm works through find_package and pkg-config"
+
+# Reaching this line means every stage above passed (the script stops at
+# the first failure).
+echo "stages: 4 passed, 0 failed"
