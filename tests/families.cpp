@@ -105,6 +105,14 @@ void sweep(const Member& m, const std::vector<Sizes>& grid, const std::vector<Fo
         }
 }
 
+void expectResult(const Case& s, const std::vector<double>& expected)
+{
+    auto before = s.snapshot();
+    ASSERT_EQ(s.run(), kelStsNoErr) << describe(s);
+    std::string diff = compareAfter(s, before, expected);
+    ASSERT_TRUE(diff.empty()) << diff;
+}
+
 // Recursive descent over + * ( ) and names, in uint32 arithmetic.
 namespace {
 struct Parser {

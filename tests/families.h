@@ -56,6 +56,11 @@ std::vector<Form> everyForm();
 void sweep(const Member& m, const std::vector<Sizes>& grid, const std::vector<Form>& forms, uint32_t seed,
            const std::function<void(Case&)>& check);
 
+// Runs the case and expects success, the dst elements equal to `expected`
+// (computed before the call: in place, the sources are overwritten) and
+// every other byte unchanged.
+void expectResult(const Case& s, const std::vector<double>& expected);
+
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
 
