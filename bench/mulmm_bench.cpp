@@ -3,11 +3,18 @@
 // types in a loop, all compiled for the same instruction set.
 //   mama  array times array
 //   mam   array times one matrix
+// A fourth entry, "arith", times the arithmetic alone: the multiplies and
+// adds of the row-by-row product (dst row r = the sum over k of A(r, k)
+// times row k of B) with the rows loaded and stored, but without spreading
+// each A(r, k) over the lanes.  Its results are meaningless; its time is
+// what the multiplies and adds of the documented summation order cost on
+// this machine, a floor for any kernel.
 #include <algorithm>
 #include <cstddef>
 #include <vector>
 
 #include "common.h"
+#include "frame/simd.h"
 #include "kelm.h"
 
 #if KELM_BENCH_EIGEN
@@ -25,7 +32,7 @@ template <class T, int N>
 struct Data {
     std::vector<T> a, b, d;
     explicit Data(Shape s)
-        : a(kb::randomData<T>(std::size_t(N) * N * kCount, 1)),
+        : a(kb::randomData<T>(std::size_t(N) * N * kCount + 4, 1)),  // + 4: see BM_Arith
           b(kb::randomData<T>(std::size_t(N) * N * (s == Shape::Mama ? kCount : 1), 2)),
           d(std::size_t(N) * N * kCount)
     {
@@ -82,6 +89,36 @@ void BM_Loop(benchmark::State& state)
     kb::report(state, kCount, sizeof(T) * N * N * (S == Shape::Mama ? 3 : 2));
 }
 
+// The arithmetic of kelm's row-by-row product: the first pack of A's row r
+// stands in for every A(r, k) spread over the lanes.
+template <class T, int N, Shape S>
+void BM_Arith(benchmark::State& state)
+{
+    using P = kel::simd::Pack<kel::simd::Sse, T>;
+    using R = kel::simd::Row<kel::simd::Sse, T, N>;
+    Data<T, N> x(S);
+    for (auto _ : state) {
+        const T* a = x.a.data();
+        T* d = x.d.data();
+        for (int o = 0; o < kCount; ++o, a += N * N, d += N * N) {
+            const T* bo = S == Shape::Mama ? x.b.data() + o * N * N : x.b.data();
+            R b[N];
+            for (int k = 0; k < N; ++k) b[k] = R::load(bo + k * N);
+            for (int r = 0; r < N; ++r) {
+                const P ar = P::load(a + r * N);
+                R acc;
+                for (int j = 0; j < R::kPacks; ++j) acc.p[j] = ar * b[0].p[j];
+                for (int k = 1; k < N; ++k)
+                    for (int j = 0; j < R::kPacks; ++j) acc.p[j] = acc.p[j] + ar * b[k].p[j];
+                acc.store(d + r * N);
+            }
+        }
+        benchmark::DoNotOptimize(x.d.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, sizeof(T) * N * N * (S == Shape::Mama ? 3 : 2));
+}
+
 #if KELM_BENCH_EIGEN
 template <class T, int N, Shape S>
 void BM_Eigen(benchmark::State& state)
@@ -120,5 +157,10 @@ MULMM_BENCH(float, 4, Shape::Mama, "mama_32f_4x4")
 MULMM_BENCH(float, 3, Shape::Mam, "mam_32f_3x3")
 MULMM_BENCH(float, 4, Shape::Mam, "mam_32f_4x4")
 MULMM_BENCH(double, 4, Shape::Mama, "mama_64f_4x4")
+
+// The floor of the row-by-row form, for the sizes where kelm uses that form.
+MULMM_ONE((BM_Arith<float, 4, Shape::Mama>), "mama_32f_4x4", "arith")
+MULMM_ONE((BM_Arith<float, 4, Shape::Mam>), "mam_32f_4x4", "arith")
+MULMM_ONE((BM_Arith<double, 4, Shape::Mama>), "mama_64f_4x4", "arith")
 
 }  // namespace

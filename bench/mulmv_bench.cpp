@@ -1,9 +1,14 @@
 // One 4x4 matrix times 1000 packed 4-vectors (Mul_mva_32f), and the same plus
 // 1000 vectors (Gaxpy_mva_32f), on one thread: kelm against a plain loop and
 // Eigen's fixed-size types in a loop, all built for the same instruction set.
+// The "arith" entries time the arithmetic alone: the multiplies and adds of
+// the column form (dst = the sum over k of column k of the matrix times x(k))
+// with the vectors loaded and stored, but x itself standing in for every
+// x(k) spread over the lanes: a floor for any kernel.
 #include <benchmark/benchmark.h>
 
 #include "common.h"
+#include "frame/simd.h"
 #include "kelm.h"
 
 #ifdef KELM_BENCH_EIGEN
@@ -76,6 +81,36 @@ void BM_MulMva_eigen(benchmark::State& state)
 BENCHMARK(BM_MulMva_eigen);
 #endif
 
+// Columns of the matrix held in registers; `addend` adds y after the sum.
+template <bool Addend>
+void arith(benchmark::State& state)
+{
+    using P = kel::simd::Pack<kel::simd::Sse, float>;
+    Data a;
+    P col[kN];
+    for (int k = 0; k < kN; ++k) {
+        float c[kN];
+        for (int r = 0; r < kN; ++r) c[r] = a.m[r * kN + k];
+        col[k] = P::load(c);
+    }
+    const float* xs = a.x.data();
+    const float* ys = a.y.data();
+    float* ds = a.d.data();
+    for (auto _ : state) {
+        for (int n = 0; n < kCount; ++n) {
+            const P x = P::load(xs + n * kN);
+            P acc = col[0] * x;
+            for (int k = 1; k < kN; ++k) acc = acc + col[k] * x;
+            if (Addend) acc = acc + P::load(ys + n * kN);
+            acc.store(ds + n * kN);
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, Addend ? kBytesGaxpy : kBytesMul);
+}
+void BM_MulMva_arith(benchmark::State& state) { arith<false>(state); }
+BENCHMARK(BM_MulMva_arith);
+
 // ---- Gaxpy_mva --------------------------------------------------------------------
 
 void BM_GaxpyMva_kelm(benchmark::State& state)
@@ -127,5 +162,8 @@ void BM_GaxpyMva_eigen(benchmark::State& state)
 }
 BENCHMARK(BM_GaxpyMva_eigen);
 #endif
+
+void BM_GaxpyMva_arith(benchmark::State& state) { arith<true>(state); }
+BENCHMARK(BM_GaxpyMva_arith);
 
 }  // namespace
