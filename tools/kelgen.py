@@ -54,6 +54,10 @@ OPERAND_KINDS = ["ma", "ta", "m", "t", "va", "v", "ca", "c"]
 NAME_RE = re.compile(r"^kelm([A-Za-z0-9]+?)_([a-z0-9]+)_(32f|64f)(?:_([SLP]{1,2}))?$")
 
 
+STEPS = "NCZMBb0R"   # the frame's check steps (frame.h)
+MAX_STEPS = 8         # kMaxSteps in frame.h
+
+
 class Member:
     def __init__(self, family, name, order, estimate, limit, line):
         m = NAME_RE.match(name)
@@ -65,6 +69,8 @@ class Member:
         self.type = m.group(3)
         self.desc = m.group(4) or "S"
         self.order = order
+        if len(order) > MAX_STEPS or set(order) - set(STEPS):
+            raise SystemExit(f"{family.path}:{line}: checks {order}: at most {MAX_STEPS} of the steps {STEPS}")
         self.estimate = None if estimate == "-" else estimate
         self.limit = limit
         if self.code not in family.shapes:

@@ -85,11 +85,19 @@ inline bool badSizes(const Sizes& s)
 
 // Runs the member's checks.  `mismatch` answers the M step; it is only
 // called when the member has that step and the earlier steps passed.
+// Orders have at most kMaxSteps steps.  The loop has that fixed bound so
+// that the compiler unrolls it and, the member's order being a constant at
+// every call, keeps only that member's steps in their order.
+constexpr int kMaxSteps = 8;
+
 template <class Mismatch, class... V>
 inline KelStatus check(const Traits& tr, const Sizes& s, Mismatch&& mismatch, const V&... v)
 {
-    for (const char* p = tr.order; *p; ++p) {
-        switch (*p) {
+#pragma GCC unroll 8
+    for (int i = 0; i < kMaxSteps; ++i) {
+        const char step = tr.order[i];
+        if (step == '\0') break;
+        switch (step) {
         case 'N':
             if (detail::anyNull(v...)) return kelStsNullPointer;
             break;
