@@ -327,7 +327,9 @@ struct Kernel {
     template <class A, class B, class D>
     KelStatus operator()(int32_t count, void*, const A& a, const B& b, const D& d) const
     {
-        if constexpr (flatPossible<A>() && flatPossible<B>() && flatPossible<D>()) {
+        // One object goes by rows: the flat path's setup (a single source
+        // copied into its pattern) only pays off across an array.
+        if constexpr (D::array && flatPossible<A>() && flatPossible<B>() && flatPossible<D>()) {
             if (flatSource(a, w, h) && flatSource(b, w, h) && denseRun(d, w, h)) {
                 flat<Op, Isa>(count, w, h, a, b, d);
                 return kelStsNoErr;
