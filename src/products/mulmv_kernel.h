@@ -23,6 +23,8 @@
 //   rows     packed, square, array of matrices as stored: straight-line
 //            scalar sums along each row, a single vector held in locals;
 //   lane dot the packed general path of Mul_mva_32f (its own rounding);
+//   gathered square sizes 3 to 6 with strides or element tables: each
+//            object read into locals, then straight-line sums;
 //   elements anything else: one element at a time through the views.
 #pragma once
 
@@ -303,6 +305,42 @@ void laneDotAll(int32_t count, int32_t R, int32_t K, const A& a, const X& x, con
     }
 }
 
+// Gathered path: square sizes 3 to 6 with strides or element tables.  Each
+// object's matrix (as the member reads it) and vector are read into locals,
+// a single operand once for the whole array; the sums run in straight-line
+// code and the results are written after them.
+template <class T, int N, bool FromZero, class A, class X, class Y, class D>
+void gathered(int32_t count, const A& av, const X& xv, const Y& yv, const D& dv)
+{
+    const A a = av;
+    const X x = xv;
+    const Y y = yv;
+    const D d = dv;
+    T m[N][N], xs[N];
+    auto loadA = [&](int32_t n) {
+        for (int r = 0; r < N; ++r)
+            for (int k = 0; k < N; ++k) m[r][k] = a.get(n, r, k);
+    };
+    auto loadX = [&](int32_t n) {
+        for (int k = 0; k < N; ++k) xs[k] = x.get(n, 0, k);
+    };
+    if constexpr (!A::array) loadA(0);
+    if constexpr (!X::array) loadX(0);
+    for (int32_t n = 0; n < count; ++n) {
+        if constexpr (A::array) loadA(n);
+        if constexpr (X::array) loadX(n);
+        T out[N];
+        for (int r = 0; r < N; ++r) {
+            T s = m[r][0] * xs[0];
+            if constexpr (FromZero) s = T(0) + s;
+            for (int k = 1; k < N; ++k) s = s + m[r][k] * xs[k];
+            if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
+            out[r] = s;
+        }
+        for (int r = 0; r < N; ++r) d.put(n, 0, r, out[r]);
+    }
+}
+
 // Elements path: any description, stride and transposition.
 template <class T, class A, class X, class Y, class D>
 void elements(int32_t count, int32_t R, int32_t K, bool straight, const A& a, const X& x, const Y& y, const D& d)
@@ -354,13 +392,29 @@ private:
     }
 
     template <class A, class X, class Y, class D>
+    void gather(int32_t count, bool fromZero, const A& a, const X& x, const Y& y, const D& d) const
+    {
+        auto go = [&](auto n) {
+            if (fromZero) mv::gathered<T, decltype(n)::value, true>(count, a, x, y, d);
+            else mv::gathered<T, decltype(n)::value, false>(count, a, x, y, d);
+        };
+        switch (square) {
+        case 3: return go(std::integral_constant<int, 3>{});
+        case 4: return go(std::integral_constant<int, 4>{});
+        case 5: return go(std::integral_constant<int, 5>{});
+        case 6: return go(std::integral_constant<int, 6>{});
+        default: mv::elements<T>(count, R, K, false, a, x, y, d);
+        }
+    }
+
+    template <class A, class X, class Y, class D>
     void compute(int32_t count, const A& a, const X& x, const Y& y, const D& d) const
     {
         if constexpr (A::desc == Desc::P) {
-            mv::elements<T>(count, R, K, square && rules.tableSizes, a, x, y, d);
+            gather(count, !rules.tableSizes, a, x, y, d);
         } else {
             if (!allPacked(a, x, y, d)) {
-                mv::elements<T>(count, R, K, square && rules.stridedSizes, a, x, y, d);
+                gather(count, !rules.stridedSizes, a, x, y, d);
                 return;
             }
             const bool fromZero = !rules.packedSizes;
