@@ -144,10 +144,15 @@ void rowsAny(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const 
         }
 }
 
-// Element path: any description, transposition and stride.
+// Element path: any description, transposition and stride.  The views are
+// copied in, so that the stores (which may alias any memory) do not make
+// the compiler read them again for every element.
 template <class Op, class A, class B, class D>
-void elements(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& d)
+void elements(int32_t count, int32_t w, int32_t h, const A& av, const B& bv, const D& dv)
 {
+    const A a = av;
+    const B b = bv;
+    const D d = dv;
     for (int32_t n = 0; n < count; ++n)
         for (int32_t j = 0; j < h; ++j)
             for (int32_t i = 0; i < w; ++i) d.put(n, j, i, Op::apply(a.get(n, j, i), b.get(n, j, i)));

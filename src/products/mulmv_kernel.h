@@ -341,10 +341,16 @@ void gathered(int32_t count, const A& av, const X& xv, const Y& yv, const D& dv)
     }
 }
 
-// Elements path: any description, stride and transposition.
+// Elements path: any description, stride and transposition.  The views are
+// copied in: the stores may alias any memory, the locals cannot be.
 template <class T, class A, class X, class Y, class D>
-void elements(int32_t count, int32_t R, int32_t K, bool straight, const A& a, const X& x, const Y& y, const D& d)
+void elements(int32_t count, int32_t R, int32_t K, bool straight, const A& av, const X& xv, const Y& yv,
+              const D& dv)
 {
+    const A a = av;
+    const X x = xv;
+    const Y y = yv;
+    const D d = dv;
     for (int32_t n = 0; n < count; ++n)
         for (int32_t r = 0; r < R; ++r) {
             T s = a.get(n, r, 0) * x.get(n, 0, 0);
