@@ -27,6 +27,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "frame/cursor.h"
 #include "frame/frame.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -41,84 +42,11 @@ struct Dims {
     int n;
 };
 
-// One object of an operand: logical element (j, i), and whole logical rows
-// where they lie in contiguous memory.  `Packed` tells that every operand
-// of the call has the element size as its Stride2.  Offsets inside one
-// object are formed in 64 bits: they fit 31 bits in every supported call,
-// where this is the 32-bit offset sign-extended.
-// RowBytes: Stride1 known to the kernel (dense objects), 0 if not.
-template <bool Packed, class V, int RowBytes = 0, bool Table = V::desc == Desc::P>
-struct Cursor;
-
-// S and L: the object's first element and the strides.
-template <bool Packed, class V, int RowBytes>
-struct Cursor<Packed, V, RowBytes, false> {
-    using T = typename V::Elem;
-    using Ptr = decltype(std::declval<const V&>().at(0, 0, 0));
-    using Byte = std::conditional_t<std::is_const<std::remove_pointer_t<Ptr>>::value, const char, char>;
-    static constexpr bool kRows = Packed && !V::trans;
-
-    Ptr base;
-    int64_t s1, s2;
-
-    Ptr stored(int32_t j, int32_t i) const
-    {
-        const int64_t step = Packed ? int64_t(sizeof(T)) : s2;
-        const int64_t rowStep = RowBytes ? int64_t(RowBytes) : s1;
-        return reinterpret_cast<Ptr>(reinterpret_cast<Byte*>(base) + j * rowStep + i * step);
-    }
-    Ptr at(int32_t j, int32_t i) const { return V::trans ? stored(i, j) : stored(j, i); }
-    T get(int32_t j, int32_t i) const { return load<T>(at(j, i)); }
-    void put(int32_t j, int32_t i, T x) const { store<T>(at(j, i), x); }
-    // Start of logical row j (kRows only).
-    Ptr row(int32_t j) const { return stored(j, 0); }
-};
-
-// P: the table of element positions and the object's shift.
-template <bool Packed, class V, int RowBytes>
-struct Cursor<Packed, V, RowBytes, true> {
-    using T = typename V::Elem;
-    using Ptr = decltype(std::declval<const V&>().at(0, 0, 0));
-    static constexpr bool kRows = false;
-
-    typename V::Table table;
-    int32_t off;
-    int32_t ld;
-
-    Ptr stored(int32_t j, int32_t i) const { return offset(table[int64_t(j) * ld + i], off); }
-    Ptr at(int32_t j, int32_t i) const { return V::trans ? stored(i, j) : stored(j, i); }
-    T get(int32_t j, int32_t i) const { return load<T>(at(j, i)); }
-    void put(int32_t j, int32_t i, T x) const { store<T>(at(j, i), x); }
-};
-
-// The objects of one operand.  The fields of the view are copied here once
-// per call, so that the object loop keeps them in registers.
+// The objects of an operand: packed calls (every Stride2 the element size)
+// read whole stored rows, others go by strides, P by tables.  RowBytes:
+// Stride1 known to the kernel (dense objects), 0 if not.
 template <bool Packed, class V, int RowBytes = 0>
-struct Walk {
-    using C = Cursor<Packed, V, RowBytes>;
-    using Ptr = typename C::Ptr;
-    Ptr base = nullptr;                  // S, single L
-    typename V::Table table = nullptr;   // L arrays: objects; P: element positions
-    int32_t roi = 0, s0 = 0, ld = 0;
-    int64_t s1 = 0, s2 = 0;
-
-    explicit Walk(const V& v) : base(v.base), table(v.table), roi(v.roi), s0(v.s0), ld(v.ld), s1(v.s1), s2(v.s2) {}
-
-    // Object n: S bases n * Stride0 on (a 32-bit product), L table entries
-    // plus the shift, P shifts plus n * Stride0.
-    C operator[](int32_t n) const
-    {
-        if constexpr (V::desc == Desc::P) {
-            return C{table, V::array ? add32(roi, mul32(n, s0)) : roi, ld};
-        } else {
-            Ptr p = base;
-            if constexpr (V::array && V::desc == Desc::L) p = offset(table[n], roi);
-            else if constexpr (V::array) p = offset(base, mul32(n, s0));
-            return C{p, s1, s2};
-        }
-    }
-    C first() const { return (*this)[0]; }
-};
+using Walk = kel::Walk<Packed ? Path::Rows : Path::Strided, V, RowBytes>;
 
 using simd::Sse;
 template <class T>
@@ -150,9 +78,9 @@ constexpr bool kWindowRows = Dense && N == 3 && std::is_same<T, float>::value;
 // Logical row k of one object as a vector row; gathered when its elements
 // are not adjacent.
 template <int N, bool Dense = false, class C>
-inline Row<typename C::T, N> loadRow(const C& c, int k)
+inline Row<typename C::Elem, N> loadRow(const C& c, int k)
 {
-    using T = typename C::T;
+    using T = typename C::Elem;
     if constexpr (C::kRows) {
         if constexpr (kWindowRows<N, T, Dense>) {
             if (k < N - 1) {
@@ -169,9 +97,9 @@ inline Row<typename C::T, N> loadRow(const C& c, int k)
     }
 }
 template <int N, bool Dense = false, class C>
-inline void storeRow(const C& c, int r, const Row<typename C::T, N>& x)
+inline void storeRow(const C& c, int r, const Row<typename C::Elem, N>& x)
 {
-    using T = typename C::T;
+    using T = typename C::Elem;
     if constexpr (C::kRows) {
         if constexpr (kWindowRows<N, T, Dense>) {
             if (r < N - 1) {
@@ -200,9 +128,9 @@ inline Pack<float> spread(__m128 v)
 // with it); doubles, and rows that do not lie together, are read element
 // by element (a double is spread by the load itself).
 template <int N, bool Dense, class C>
-inline void spreadRow(const C& c, int r, Pack<typename C::T> (&out)[N])
+inline void spreadRow(const C& c, int r, Pack<typename C::Elem> (&out)[N])
 {
-    using T = typename C::T;
+    using T = typename C::Elem;
     if constexpr (std::is_same<T, float>::value && C::kRows && (N != 3 || Dense)) {
         const float* p = c.row(r);
         if constexpr (N == 3) {

@@ -35,6 +35,7 @@
 
 #include <emmintrin.h>
 
+#include "frame/cursor.h"
 #include "frame/frame.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -117,43 +118,20 @@ inline Row<Isa, T, N> sum(const Row<Isa, T, N>& a, const Row<Isa, T, N>& b)
     return r;
 }
 
-// Walks the objects of an operand in ascending order: an S array by its
-// Stride0, an L array through its table, a single object stays put.  Byte
-// offsets of an array are supported only while they fit 31 bits, so stepping
-// the pointer reaches the same addresses as the view's 32-bit products.
+// Packed operands: whole stored rows of each object.
 template <class V>
-struct Walk {
-    using Ptr = decltype(std::declval<const V&>().object(0));
-    const V& v;
-    Ptr p;
-    explicit Walk(const V& view) : v(view), p(view.object(0)) {}
-    Ptr at(int32_t n) const
-    {
-        if constexpr (V::desc == Desc::L && V::array) return v.object(n);
-        else return p;
-    }
-    // Stored row j of object n.
-    Ptr row(int32_t n, int j) const { return offset(at(n), mul32(j, v.s1)); }
-    void next()
-    {
-        if constexpr (V::desc == Desc::S && V::array) p = offset(p, v.s0);
-    }
-};
+using Walk = kel::Walk<Path::Rows, V>;
 
 // Columns path.  Logical column k of object n is a row of N elements: a
 // single matrix's columns are gathered once; an array of transposed matrices
 // has them as its stored rows.  Objects go two at a time, which keeps the
 // vector units busy; each is computed exactly as alone.
 template <class Isa, class T, int N, bool FromZero, class A, class X, class Y, class D, int... K>
-void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, const X& xv, const Y& yv,
-                 const D& dv)
+void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& a, const X& x, const Y& y,
+                 const D& d)
 {
     using R = Row<Isa, T, N>;
     using P = Pack<Isa, T>;
-    // Local copies: nothing the kernel stores can change them.
-    const A a = av;
-    const X x = xv;
-    const D d = dv;
     R held[A::array ? 1 : N];
     if constexpr (!A::array) {
         for (int k = 0; k < N; ++k) {
@@ -167,15 +145,15 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, c
         const R xr = R::load(x.row(0, 0));
         ((spreadX[K] = element<K>(xr)), ...);
     }
-    Walk<A> wa(a);
-    Walk<X> wx(x);
-    Walk<D> wd(d);
+    const Walk<A> wa(a);
+    const Walk<X> wx(x);
+    const Walk<D> wd(d);
     auto one = [&](int32_t n, auto& wy) {
         R xr;
-        if constexpr (X::array) xr = R::load(wx.at(n));
+        if constexpr (X::array) xr = R::load(wx[n].row(0));
         auto col = [&](auto kc) -> R {
             constexpr int k = decltype(kc)::value;
-            if constexpr (A::array) return R::load(wa.row(n, k));  // stored row k = logical column k
+            if constexpr (A::array) return R::load(wa[n].row(k));  // stored row k = logical column k
             else return held[k];
         };
         auto elem = [&](auto kc) -> P {
@@ -190,11 +168,7 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, c
         };
         (step(std::integral_constant<int, K>{}), ...);
         if constexpr (!kNoAddend<Y>) acc = sum(acc, wy.addend(n));
-        acc.store(wd.at(n));
-        wa.next();
-        wx.next();
-        wy.next();
-        wd.next();
+        acc.store(wd[n].row(0));
     };
     auto loop = [&](auto& wy) {
         int32_t n = 0;
@@ -206,7 +180,6 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, c
     };
     if constexpr (kNoAddend<Y>) {
         struct None {
-            void next() {}
         } none;
         loop(none);
     } else {
@@ -215,16 +188,15 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, c
             R held;
             explicit Addend(const Y& v) : Walk<Y>(v)
             {
-                if constexpr (!Y::array) held = R::load(v.row(0, 0));
+                if constexpr (!Y::array) held = R::load(this->first().row(0));
             }
             R addend(int32_t n) const
             {
-                if constexpr (Y::array) return R::load(this->at(n));
+                if constexpr (Y::array) return R::load((*this)[n].row(0));
                 else return held;
             }
         };
-        const Y y = yv;
-        Addend wy(y);
+        const Addend wy(y);
         loop(wy);
     }
 }
@@ -232,17 +204,15 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& av, c
 // Rows path: an array of matrices as stored, one straight-line scalar sum per
 // row; a single vector is read once.
 template <class T, int N, bool FromZero, class A, class X, class Y, class D>
-void rowsFixed(int32_t count, const A& av, const X& xv, const Y& y, const D& dv)
+void rowsFixed(int32_t count, const A& a, const X& x, const Y& yv, const D& d)
 {
-    const A a = av;
-    const X x = xv;
-    const D d = dv;
-    Walk<A> wa(a);
-    Walk<X> wx(x);
-    Walk<D> wd(d);
+    const Y y = yv;
+    const Walk<A> wa(a);
+    const Walk<X> wx(x);
+    const Walk<D> wd(d);
     T xs[N];
     auto loadX = [&](int32_t n) {
-        const T* p = wx.at(n);
+        const T* p = wx[n].row(0);
         for (int k = 0; k < N; ++k) xs[k] = load<T>(p + k);
     };
     if constexpr (!X::array) loadX(0);
@@ -250,17 +220,14 @@ void rowsFixed(int32_t count, const A& av, const X& xv, const Y& y, const D& dv)
         if constexpr (X::array) loadX(n);
         T out[N];
         for (int r = 0; r < N; ++r) {
-            const T* row = wa.row(n, r);
+            const T* row = wa[n].row(r);
             T s = load<T>(row) * xs[0];
             if constexpr (FromZero) s = T(0) + s;
             for (int k = 1; k < N; ++k) s = s + load<T>(row + k) * xs[k];
             if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
             out[r] = s;
         }
-        std::memcpy(wd.at(n), out, sizeof out);
-        wa.next();
-        wx.next();
-        wd.next();
+        std::memcpy(wd[n].row(0), out, sizeof out);
     }
 }
 
