@@ -24,43 +24,47 @@ namespace kel {
 
 enum class Path { Rows, Strided, Table };
 
-template <class T, bool Trans, int RowBytes = 0>
-struct RowsCursor {
+// What every cursor derives from its stored(j, i): logical elements.
+template <class C, class T, bool Trans>
+struct CursorAccess {
     using Elem = std::remove_const_t<T>;
+    T* at(int32_t j, int32_t i) const
+    {
+        const C& c = static_cast<const C&>(*this);
+        return Trans ? c.stored(i, j) : c.stored(j, i);
+    }
+    Elem get(int32_t j, int32_t i) const { return load<Elem>(at(j, i)); }
+    void put(int32_t j, int32_t i, Elem v) const { store<Elem>(at(j, i), v); }
+};
+
+template <class T, bool Trans, int RowBytes = 0>
+struct RowsCursor : CursorAccess<RowsCursor<T, Trans, RowBytes>, T, Trans> {
     static constexpr bool kRows = !Trans;  // logical rows lie in memory
     T* base;
     int32_t s1;
+    RowsCursor(T* b, int32_t stride1) : base(b), s1(stride1) {}
     T* stored(int32_t j, int32_t i) const { return offset(base, mul32(j, RowBytes ? RowBytes : s1)) + i; }
-    T* at(int32_t j, int32_t i) const { return Trans ? stored(i, j) : stored(j, i); }
     // Start of stored row j: logical row j, or logical column j of a
     // transposed operand.
     T* row(int32_t j) const { return stored(j, 0); }
-    Elem get(int32_t j, int32_t i) const { return load<Elem>(at(j, i)); }
-    void put(int32_t j, int32_t i, Elem v) const { store<Elem>(at(j, i), v); }
 };
 
 template <class T, bool Trans>
-struct StridedCursor {
-    using Elem = std::remove_const_t<T>;
+struct StridedCursor : CursorAccess<StridedCursor<T, Trans>, T, Trans> {
     static constexpr bool kRows = false;
     T* base;
     int32_t s1, s2;
+    StridedCursor(T* b, int32_t stride1, int32_t stride2) : base(b), s1(stride1), s2(stride2) {}
     T* stored(int32_t j, int32_t i) const { return offset(base, add32(mul32(j, s1), mul32(i, s2))); }
-    T* at(int32_t j, int32_t i) const { return Trans ? stored(i, j) : stored(j, i); }
-    Elem get(int32_t j, int32_t i) const { return load<Elem>(at(j, i)); }
-    void put(int32_t j, int32_t i, Elem v) const { store<Elem>(at(j, i), v); }
 };
 
 template <class T, bool Trans>
-struct TableCursor {
-    using Elem = std::remove_const_t<T>;
+struct TableCursor : CursorAccess<TableCursor<T, Trans>, T, Trans> {
     static constexpr bool kRows = false;
     T* const* table;
     int32_t off, ld;
+    TableCursor(T* const* t, int32_t shift, int32_t perRow) : table(t), off(shift), ld(perRow) {}
     T* stored(int32_t j, int32_t i) const { return offset(table[static_cast<int64_t>(j) * ld + i], off); }
-    T* at(int32_t j, int32_t i) const { return Trans ? stored(i, j) : stored(j, i); }
-    Elem get(int32_t j, int32_t i) const { return load<Elem>(at(j, i)); }
-    void put(int32_t j, int32_t i, Elem v) const { store<Elem>(at(j, i), v); }
 };
 
 // The objects of one operand on path W (Table for every P view).
