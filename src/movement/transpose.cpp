@@ -73,6 +73,7 @@ void strips(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t cols
 struct Tile {
     alignas(64) float e[kTileCols * kTileRows];
     float* row(int32_t c) { return e + c * kTileRows; }
+    const float* row(int32_t c) const { return e + c * kTileRows; }
 };
 
 // Source columns i0 .. i0 + cols - 1 of `rows` source rows into the tile,
@@ -110,36 +111,25 @@ void gather(const float* src, int32_t ss1, int32_t i0, int32_t cols, int32_t row
 }
 
 // Tile rows 0 .. cols - 1 as destination rows i0 .. i0 + cols - 1, `rows`
-// elements each, one destination row after the other with ordinary stores.
-void scatter(const Tile& tile, int32_t cols, int32_t rows, float* dst, int32_t ds1, int32_t i0)
+// elements each, one destination row after the other.  With `Stream` the
+// whole 64-byte lines of each row go by stores that bypass the cache; the
+// partial lines at either end take ordinary stores, since a partial
+// non-temporal line would be written back piecemeal.
+template <bool Stream>
+void scatter(const Tile& t, int32_t cols, int32_t rows, float* dst, int32_t ds1, int32_t i0)
 {
-    Tile& t = const_cast<Tile&>(tile);
     for (int32_t c = 0; c < cols; ++c) {
         float* d = offset(dst, mul32(i0 + c, ds1));
         const float* r = t.row(c);
         int32_t k = 0;
-        for (; k + 4 <= rows; k += 4) _mm_storeu_ps(d + k, pass(_mm_load_ps(r + k)));
-        for (; k < rows; ++k) moveWord(r + k, d + k);
-    }
-}
-
-// The same with stores that bypass the cache for the whole 64-byte lines
-// of each destination row; the partial lines at either end take ordinary
-// stores, since a partial non-temporal line is written back piecemeal.
-void scatterStream(const Tile& tile, int32_t cols, int32_t rows, float* dst, int32_t ds1, int32_t i0)
-{
-    Tile& t = const_cast<Tile&>(tile);
-    for (int32_t c = 0; c < cols; ++c) {
-        float* d = offset(dst, mul32(i0 + c, ds1));
-        const float* r = t.row(c);
-        // Elements before the first whole line and from the end of the last.
-        const uintptr_t first = (addr(d) + 63) & ~uintptr_t(63);
-        const uintptr_t last = (addr(d) + uintptr_t(rows) * 4) & ~uintptr_t(63);
-        int32_t k = 0;
-        if (first < last && (first - addr(d)) % 4 == 0) {
-            const int32_t head = int32_t((first - addr(d)) / 4), body = int32_t((last - first) / 4);
-            for (; k < head; ++k) moveWord(r + k, d + k);
-            for (; k < head + body; k += 4) _mm_stream_ps(d + k, _mm_loadu_ps(r + k));
+        if constexpr (Stream) {
+            const uintptr_t first = (addr(d) + 63) & ~uintptr_t(63);                // first whole line
+            const uintptr_t last = (addr(d) + uintptr_t(rows) * 4) & ~uintptr_t(63);  // end of the last
+            if (first < last && (first - addr(d)) % 4 == 0) {
+                const int32_t head = int32_t((first - addr(d)) / 4), end = head + int32_t((last - first) / 4);
+                for (; k < head; ++k) moveWord(r + k, d + k);
+                for (; k < end; k += 4) _mm_stream_ps(d + k, _mm_loadu_ps(r + k));
+            }
         }
         for (; k + 4 <= rows; k += 4) _mm_storeu_ps(d + k, pass(_mm_loadu_ps(r + k)));
         for (; k < rows; ++k) moveWord(r + k, d + k);
@@ -171,8 +161,8 @@ void block(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, in
         for (; i < w; i += kTileCols) {
             const int32_t tw = std::min(kTileCols, w - i);
             gather(s, ss1, i, tw, tr, tile);
-            if (stream) scatterStream(tile, tw, tr, d, ds1, i);
-            else scatter(tile, tw, tr, d, ds1, i);
+            if (stream) scatter<true>(tile, tw, tr, d, ds1, i);
+            else scatter<false>(tile, tw, tr, d, ds1, i);
         }
     }
     if (stream) _mm_sfence();
