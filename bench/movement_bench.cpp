@@ -1,9 +1,14 @@
 // Transpose against plain loops: arrays of packed 4 x 4 matrices of 32f, and
 // one 1024 x 1024 matrix of 32f, with a memcpy of the same bytes as the
 // yardstick of this machine's copy bandwidth.  Bytes per second count what
-// is read plus what is written.
+// is read plus what is written.  Peers for the large matrix: the plain
+// double loop, the same loop over 16 x 16 tiles, and Eigen.
 #include <cstring>
 #include <vector>
+
+#ifdef KELM_BENCH_EIGEN
+#include <Eigen/Core>
+#endif
 
 #include "common.h"
 #include "kelm.h"
@@ -87,6 +92,43 @@ void Transpose1024_loop(benchmark::State& state)
     kb::report(state, 1, 2 * kLargeBytes);
 }
 BENCHMARK(Transpose1024_loop)->Unit(benchmark::kMicrosecond);
+
+// The double loop over 16 x 16 tiles, so that both sides of a tile stay in
+// the first-level cache (as far as its associativity allows).
+void Transpose1024_tiledLoop(benchmark::State& state)
+{
+    constexpr int kT = 16;
+    auto src = kb::randomData<float>(std::size_t(kLarge) * kLarge);
+    std::vector<float> dst(std::size_t(kLarge) * kLarge);
+    for (auto _ : state) {
+        for (int i0 = 0; i0 < kLarge; i0 += kT)
+            for (int j0 = 0; j0 < kLarge; j0 += kT)
+                for (int i = i0; i < i0 + kT; ++i)
+                    for (int j = j0; j < j0 + kT; ++j) dst[std::size_t(i) * kLarge + j] = src[std::size_t(j) * kLarge + i];
+        benchmark::DoNotOptimize(dst.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, 1, 2 * kLargeBytes);
+}
+BENCHMARK(Transpose1024_tiledLoop)->Unit(benchmark::kMicrosecond);
+
+#ifdef KELM_BENCH_EIGEN
+void Transpose1024_eigen(benchmark::State& state)
+{
+    using M = Eigen::Matrix<float, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
+    auto src = kb::randomData<float>(std::size_t(kLarge) * kLarge);
+    std::vector<float> dst(std::size_t(kLarge) * kLarge);
+    Eigen::Map<const M> s(src.data(), kLarge, kLarge);
+    Eigen::Map<M> d(dst.data(), kLarge, kLarge);
+    for (auto _ : state) {
+        d.noalias() = s.transpose();
+        benchmark::DoNotOptimize(dst.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, 1, 2 * kLargeBytes);
+}
+BENCHMARK(Transpose1024_eigen)->Unit(benchmark::kMicrosecond);
+#endif
 
 // The same bytes copied as one block: the bandwidth to compare with.
 void Memcpy1024(benchmark::State& state)

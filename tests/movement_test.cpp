@@ -9,6 +9,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <random>
@@ -655,6 +656,39 @@ TEST(GuardPage, TransposeBlockedPathsStopAtTheLastElement)
             ASSERT_EQ(kelmTranspose_m_64f(s64, w * 8, 8, w, h, out64, h * 8, 8), kelStsNoErr);
             for (int k = 0; k < w * h; ++k) ASSERT_EQ(out64[k], double(k % h * w + k / h)) << w << "x" << h << " " << k;
         }
+    }
+}
+
+
+// The tiled and streaming blocked paths at the end of a page: rows 1 KiB
+// apart, odd sizes, destination rows whose length is not a multiple of 16
+// bytes (so rows start at every 4-byte offset within a line), with ordinary
+// and streaming stores.  Both matrices end exactly at a protected page; the
+// padding between destination rows must keep its contents.
+TEST(GuardPage, TransposeTiledPathsStopAtTheLastElement)
+{
+    constexpr float kPad = -7.0f;
+    for (int cache : {0, 4096}) {
+        CacheGuard cg(cache);
+        for (auto wh : {std::pair{256, 67}, {129, 129}, {67, 150}, {1024, 65}})
+            for (int srcPad : {0, 1})
+                for (int dstPad : {0, 1, 5}) {
+                    const int w = wh.first, h = wh.second, srow = w + srcPad, drow = h + dstPad;
+                    const size_t srcElems = size_t(h - 1) * srow + w, dstElems = size_t(w - 1) * drow + h;
+                    Guarded a(srcElems * 4), d(dstElems * 4);
+                    float* s = a.as<float>();
+                    float* out = d.as<float>();
+                    for (size_t k = 0; k < srcElems; ++k) s[k] = float(k);
+                    std::fill(out, out + dstElems, kPad);
+                    ASSERT_EQ(kelmTranspose_m_32f(s, srow * 4, 4, w, h, out, drow * 4, 4), kelStsNoErr);
+                    for (int i = 0; i < w; ++i)
+                        for (int j = 0; j < drow && size_t(i) * drow + j < dstElems; ++j) {
+                            const float want = j < h ? s[size_t(j) * srow + i] : kPad;
+                            ASSERT_EQ(out[size_t(i) * drow + j], want)
+                                << w << "x" << h << " pads " << srcPad << "/" << dstPad << " cache " << cache << " at "
+                                << i << "," << j;
+                        }
+                }
     }
 }
 

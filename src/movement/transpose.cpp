@@ -16,7 +16,8 @@ namespace {
 constexpr int32_t kArrayQueryBytes = 0x20000;  // 128 KiB: smaller arrays never ask
 constexpr int32_t kMatrixQuerySide = 129;       // smaller matrices never ask
 constexpr int32_t kBlockRows = 64;
-constexpr int32_t kTileCols = 64;               // columns of a staged tile
+constexpr int32_t kTileCols = 64;               // source columns of a tile
+constexpr int32_t kTileRows = 64;               // source rows of a tile
 
 uintptr_t addr(const void* p) { return reinterpret_cast<uintptr_t>(p); }
 
@@ -67,74 +68,104 @@ void strips(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t cols
     }
 }
 
-// `rows` source rows (at most a block) with ordinary stores.  With an
-// 8-byte aligned source and a 16-byte aligned destination, the columns in
-// strips of four go through `strips`.  When the source rows lie a multiple
-// of 1 KiB apart, all the rows of a block compete for the same few sets of
-// the first-level cache and a strip would fetch each source line four
-// times; the block is then staged, up to 64 columns at a time, in a dense
-// tile on the stack, read row by row.  Other columns, and all columns when
-// the alignment test fails, are one destination row each: by element up to
-// a 16-byte boundary, then four source rows gathered into one aligned
-// store, the last up to 3 by element.
-void block(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, int32_t rows)
+// A tile holds up to kTileRows x kTileCols source elements already
+// transposed: tile row c is source column c, kTileRows floats long.
+struct Tile {
+    alignas(64) float e[kTileCols * kTileRows];
+    float* row(int32_t c) { return e + c * kTileRows; }
+    const float* row(int32_t c) const { return e + c * kTileRows; }
+};
+
+// Source columns i0 .. i0 + cols - 1 of `rows` source rows into the tile,
+// 4 x 4 elements at a time; leftover columns and rows by element.  Each
+// source line is read in one burst, so rows that share the sets of the
+// first-level cache (rows a multiple of 4 KiB apart) do not evict one
+// another half-read.
+void gather(const float* src, int32_t ss1, int32_t i0, int32_t cols, int32_t rows, Tile& t)
 {
-    int32_t i = 0;
-    if (addr(src) % 8 == 0 && ss1 % 8 == 0 && addr(dst) % 16 == 0 && ds1 % 16 == 0) {
-        const int32_t cols = w / 4 * 4;
-        if (ss1 % 1024 == 0 && rows <= kBlockRows) {
-            alignas(16) float tile[kBlockRows * kTileCols];
-            for (; i < cols; i += kTileCols) {
-                const int32_t tw = std::min(kTileCols, cols - i);
-                for (int32_t j = 0; j < rows; ++j) {
-                    const float* r = at(src, ss1, j, i);
-                    float* t = tile + j * tw;
-                    if (tw == kTileCols) {
-                        for (int c = 0; c < kTileCols; c += 4) _mm_store_ps(t + c, pass(_mm_loadu_ps(r + c)));
-                    } else {
-                        for (int32_t c = 0; c < tw; c += 4) _mm_store_ps(t + c, pass(_mm_loadu_ps(r + c)));
-                    }
-                }
-                strips(tile, tw * 4, offset(dst, mul32(i, ds1)), ds1, tw, rows);
-            }
-        } else {
-            strips(src, ss1, dst, ds1, cols, rows);
+    int32_t j = 0;
+    for (; j + 4 <= rows; j += 4) {
+        const float* r0 = at(src, ss1, j, i0);
+        const float* r1 = at(src, ss1, j + 1, i0);
+        const float* r2 = at(src, ss1, j + 2, i0);
+        const float* r3 = at(src, ss1, j + 3, i0);
+        int32_t c = 0;
+        for (; c + 4 <= cols; c += 4) {
+            __m128 a = _mm_loadu_ps(r0 + c), b = _mm_loadu_ps(r1 + c);
+            __m128 e = _mm_loadu_ps(r2 + c), f = _mm_loadu_ps(r3 + c);
+            _MM_TRANSPOSE4_PS(a, b, e, f);
+            _mm_store_ps(t.row(c) + j, a);
+            _mm_store_ps(t.row(c + 1) + j, b);
+            _mm_store_ps(t.row(c + 2) + j, e);
+            _mm_store_ps(t.row(c + 3) + j, f);
         }
-        i = cols;
+        for (; c < cols; ++c) {
+            moveWord(r0 + c, t.row(c) + j);
+            moveWord(r1 + c, t.row(c) + j + 1);
+            moveWord(r2 + c, t.row(c) + j + 2);
+            moveWord(r3 + c, t.row(c) + j + 3);
+        }
     }
-    for (; i < w; ++i) {
-        float* d = offset(dst, mul32(i, ds1));
-        int32_t j = 0;
-        for (; j < rows && addr(d + j) % 16 != 0; ++j) moveWord(at(src, ss1, j, i), d + j);
-        for (; j + 4 <= rows; j += 4) {
-            const __m128i v = _mm_setr_epi32(load<int32_t>(at(src, ss1, j, i)), load<int32_t>(at(src, ss1, j + 1, i)),
-                                             load<int32_t>(at(src, ss1, j + 2, i)), load<int32_t>(at(src, ss1, j + 3, i)));
-            _mm_store_si128(reinterpret_cast<__m128i*>(d + j), v);
+    for (; j < rows; ++j)
+        for (int32_t c = 0; c < cols; ++c) moveWord(at(src, ss1, j, i0 + c), t.row(c) + j);
+}
+
+// Tile rows 0 .. cols - 1 as destination rows i0 .. i0 + cols - 1, `rows`
+// elements each, one destination row after the other.  With `Stream` the
+// whole 64-byte lines of each row go by stores that bypass the cache; the
+// partial lines at either end take ordinary stores, since a partial
+// non-temporal line would be written back piecemeal.
+template <bool Stream>
+void scatter(const Tile& t, int32_t cols, int32_t rows, float* dst, int32_t ds1, int32_t i0)
+{
+    for (int32_t c = 0; c < cols; ++c) {
+        float* d = offset(dst, mul32(i0 + c, ds1));
+        const float* r = t.row(c);
+        int32_t k = 0;
+        if constexpr (Stream) {
+            const uintptr_t first = (addr(d) + 63) & ~uintptr_t(63);                // first whole line
+            const uintptr_t last = (addr(d) + uintptr_t(rows) * 4) & ~uintptr_t(63);  // end of the last
+            if (first < last && (first - addr(d)) % 4 == 0) {
+                const int32_t head = int32_t((first - addr(d)) / 4), end = head + int32_t((last - first) / 4);
+                for (; k < head; ++k) moveWord(r + k, d + k);
+                for (; k < end; k += 4) _mm_stream_ps(d + k, _mm_loadu_ps(r + k));
+            }
         }
-        for (; j < rows; ++j) moveWord(at(src, ss1, j, i), d + j);
+        for (; k + 4 <= rows; k += 4) _mm_storeu_ps(d + k, pass(_mm_loadu_ps(r + k)));
+        for (; k < rows; ++k) moveWord(r + k, d + k);
     }
 }
 
-// `rows` source rows with 32-bit stores that bypass the cache: two source
-// columns at a time, an odd last column alone, then a store fence so that
-// the writes are ordered before anything that follows.
-void blockStream(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, int32_t rows)
+// One block of `rows` source rows.  The source goes through a tile on the
+// stack, kTileRows x kTileCols at a time, and each destination row is
+// written in one run.  With ordinary stores, an 8-byte aligned source and a
+// 16-byte aligned destination whose rows do not lie a multiple of 1 KiB
+// apart (so that a strip's rows fall into different sets of the
+// first-level cache) the columns in strips of four go straight from the
+// source instead.  Streaming stores end with a store fence, so that the
+// writes are ordered before anything that follows.
+void block(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, int32_t rows, bool stream)
 {
-    int32_t i = 0;
-    for (; i + 2 <= w; i += 2) {
-        int* d0 = reinterpret_cast<int*>(offset(dst, mul32(i, ds1)));
-        int* d1 = reinterpret_cast<int*>(offset(dst, mul32(i + 1, ds1)));
-        for (int32_t j = 0; j < rows; ++j) {
-            const uint64_t pair = load<uint64_t>(at(src, ss1, j, i));
-            _mm_stream_si32(d0 + j, static_cast<int>(static_cast<uint32_t>(pair)));
-            _mm_stream_si32(d1 + j, static_cast<int>(static_cast<uint32_t>(pair >> 32)));
+    const bool direct = !stream && addr(src) % 8 == 0 && ss1 % 8 == 0 && addr(dst) % 16 == 0 && ds1 % 16 == 0 &&
+                        ss1 % 1024 != 0;
+    Tile tile;
+    for (int32_t j = 0; j < rows; j += kTileRows) {
+        const int32_t tr = std::min(kTileRows, rows - j);
+        const float* s = offset(src, mul32(j, ss1));
+        float* d = dst + j;
+        int32_t i = 0;
+        if (direct) {
+            i = w / 4 * 4;
+            strips(s, ss1, d, ds1, i, tr);
+        }
+        for (; i < w; i += kTileCols) {
+            const int32_t tw = std::min(kTileCols, w - i);
+            gather(s, ss1, i, tw, tr, tile);
+            if (stream) scatter<true>(tile, tw, tr, d, ds1, i);
+            else scatter<false>(tile, tw, tr, d, ds1, i);
         }
     }
-    if (i < w) {
-        int* d0 = reinterpret_cast<int*>(offset(dst, mul32(i, ds1)));
-        for (int32_t j = 0; j < rows; ++j) _mm_stream_si32(d0 + j, load<int>(at(src, ss1, j, i)));
-    }
-    _mm_sfence();
+    if (stream) _mm_sfence();
 }
 
 }  // namespace
@@ -164,8 +195,7 @@ void blocked32(const float* src, int32_t srcStride1, float* dst, int32_t dstStri
     if (bh == 0) bh = ((s && w % 16 != 0) || h < kBlockRows + 1) ? h : kBlockRows;
     for (int32_t left = h; left > 0;) {
         const int32_t rows = std::min(bh, left);
-        if (s) blockStream(src, srcStride1, dst, dstStride1, w, rows);
-        else block(src, srcStride1, dst, dstStride1, w, rows);
+        block(src, srcStride1, dst, dstStride1, w, rows, s);
         src = offset(src, mul32(bh, srcStride1));
         dst += bh;
         left -= rows;
