@@ -53,7 +53,8 @@ std::vector<Form> everyForm();
 
 // Each of `shapes` with each of `counts` for a member on arrays; alone
 // (without count) for a member on single objects.
-std::vector<Sizes> withCounts(const Member& m, const std::vector<Sizes>& shapes, const std::vector<int>& counts = {1, 2, 5});
+std::vector<Sizes> withCounts(const Member& m, const std::vector<Sizes>& shapes,
+                              const std::vector<int>& counts = {1, 2, 5});
 
 // Runs `check` on a case of m for all sizes of `grid` in every form of
 // `forms`, seeds counting up from `seed`; stops at the first fatal failure.

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <limits>
 #include <numeric>
+#include <tuple>
 #include <utility>
 
 #include "families.h"
@@ -43,7 +44,8 @@ Factors<T> luModel(std::vector<T> a, int n)
 {
     const bool unrolled = straightLine(n);
     const T tol = unrolled ? T(2) * std::numeric_limits<T>::min() : std::numeric_limits<T>::epsilon();
-    Factors<T> f{kelStsNoErr, unrolled ? std::vector<T>(n * n) : a, std::vector<bool>(n, !unrolled), std::vector<int>(n)};
+    Factors<T> f{kelStsNoErr, unrolled ? std::vector<T>(n * n) : a, std::vector<bool>(n, !unrolled),
+                 std::vector<int>(n)};
     std::vector<int>& p = f.p;
     std::iota(p.begin(), p.end(), 0);
     auto at = [&](int row, int col) -> T& { return a[row * n + col]; };
@@ -165,48 +167,47 @@ std::vector<T> invertibleMatrix(int n, std::mt19937& rng)
 // object of an array of matrices.
 Shape luShape(const Member& m, const GroupInfo& g, const Sizes& sizes)
 {
-    const bool perObject = g.kind == "ma" || g.kind == "va" || (g.kind.find("piv") != std::string::npos && m.code.find("ma") == 0);
+    const bool perObject =
+        g.kind == "ma" || g.kind == "va" || (g.kind.find("piv") != std::string::npos && m.code.find("ma") == 0);
     const int n = sizes.at("size"), objects = perObject ? sizes.at("count") : 1;
     return {objects, g.kind[0] == 'm' ? n : 1, n};
 }
 
 // Sources that factorise; the harness's values (zeros, ties) are kept where
 // they do.
-template <class T>
 void fillDecomp(Case& c, std::mt19937& rng)
 {
-    Operand& src = c.ops[kSrc];
-    const int n = sizeOf(c);
-    for (int obj = 0; obj < src.objects; ++obj)
-        if (luModel<T>(objectOf<T>(src, obj), n).status != kelStsNoErr) {
-            auto a = invertibleMatrix<T>(n, rng);
-            for (int k = 0; k < n * n; ++k) src.set(obj, k / n, k % n, a[k]);
-        }
+    byElem(*c.m, [&](auto t) {
+        using T = decltype(t);
+        const int n = sizeOf(c);
+        for (int obj = 0; obj < c.ops[kSrc].objects; ++obj)
+            if (luModel<T>(objectOf<T>(c.ops[kSrc], obj), n).status != kelStsNoErr) {
+                auto a = invertibleMatrix<T>(n, rng);
+                for (int k = 0; k < n * n; ++k) c.ops[kSrc].set(obj, k / n, k % n, a[k]);
+            }
+    });
 }
 
 // Factors and tables of invertible matrices, right-hand sides as laid out.
 // Now and then, in small calls, a zero on the diagonal: the solve divides
 // through it to infinities and NaN without a word.
-template <class T>
 void fillSolve(Case& c, std::mt19937& rng)
 {
-    Operand& src = c.ops[kSrc];
-    const int n = sizeOf(c);
-    const bool small = !c.sizes.count("count") || c.sizes.at("count") < 10;
-    for (int obj = 0; obj < src.objects; ++obj) {
-        auto f = luModel<T>(invertibleMatrix<T>(n, rng), n);
-        if (small && rng() % 4 == 0) f.m[f.p[n - 1] * n + n - 1] = T(0);
-        for (int k = 0; k < n * n; ++k) src.set(obj, k / n, k % n, f.m[k]);
-        for (int k = 0; k < n; ++k) setPivot(c.ops[kPiv], obj, k, f.p[k]);
-    }
+    byElem(*c.m, [&](auto t) {
+        using T = decltype(t);
+        const int n = sizeOf(c);
+        const bool small = !c.sizes.count("count") || c.sizes.at("count") < 10;
+        for (int obj = 0; obj < c.ops[kSrc].objects; ++obj) {
+            auto f = luModel<T>(invertibleMatrix<T>(n, rng), n);
+            if (small && rng() % 4 == 0) f.m[f.p[n - 1] * n + n - 1] = T(0);
+            for (int k = 0; k < n * n; ++k) c.ops[kSrc].set(obj, k / n, k % n, f.m[k]);
+            for (int k = 0; k < n; ++k) setPivot(c.ops[kPiv], obj, k, f.p[k]);
+        }
+    });
 }
 
-KT_FAMILY("LUDecomp", FamilyHooks{luShape, {}, {}, [](Case& c, std::mt19937& r) {
-              byElem(*c.m, [&](auto t) { fillDecomp<decltype(t)>(c, r); });
-          }});
-KT_FAMILY("LUBackSubst", FamilyHooks{luShape, {}, {}, [](Case& c, std::mt19937& r) {
-              byElem(*c.m, [&](auto t) { fillSolve<decltype(t)>(c, r); });
-          }});
+KT_FAMILY("LUDecomp", FamilyHooks{luShape, {}, {}, fillDecomp});
+KT_FAMILY("LUBackSubst", FamilyHooks{luShape, {}, {}, fillSolve});
 
 // ---- expected results ------------------------------------------------------------------
 
@@ -219,7 +220,8 @@ Blocks teamBlocks(int count, int t)
 {
     Blocks b;
     const int q = count / t, r = count % t;
-    for (int k = 0; k < t; ++k) b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
+    for (int k = 0; k < t; ++k)
+        b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
     return b;
 }
 
@@ -274,18 +276,51 @@ std::vector<Sizes> sizeGrid(const Member& m)
 
 std::string paramName(const ::testing::TestParamInfo<std::string>& p) { return p.param; }
 
-// ---- LUDecomp over every member -------------------------------------------------------
+// ---- every member ---------------------------------------------------------------------
 
-class LUDecomp : public ::testing::TestWithParam<std::string> {};
+class LU : public ::testing::TestWithParam<std::string> {};
 
-// dst may be src: the straight-line class reads the whole matrix first, the
-// general loop copies it onto itself.
-TEST_P(LUDecomp, MatchesModelOnEveryLayoutAndInPlace)
+void check(const Case& s) { s.m->family == "LUDecomp" ? checkDecomp(s, serial(s)) : checkSolve(s); }
+
+// In place: LUDecomp's straight-line class reads the whole matrix first, its
+// general loop copies it onto itself; LUBackSubst is right at orders 3 to 6
+// and its general loop overwrites the right-hand side as it goes, as the
+// model does.
+TEST_P(LU, MatchesModelOnEveryLayoutAndInPlace)
 {
     const Member& m = member(GetParam());
-    for (bool inPlace : {false, true})
-        sweep(m, sizeGrid(m), everyForm(), inPlace ? 500 : 1, [](Case& s) { checkDecomp(s, serial(s)); }, inPlace);
+    for (bool inPlace : {false, true}) sweep(m, sizeGrid(m), everyForm(), inPlace ? 500 : 1, check, inPlace);
 }
+
+// Large arrays give the serial bits in teams of every size; hundreds of
+// vectors also show the reciprocals of one matrix against many vectors,
+// where a division would differ in the last bit.  With refused matrices a
+// serial call ends at the first, while in a team every thread stops at its
+// own first failure and the others finish their blocks.
+TEST_P(LU, TeamsOfEverySize)
+{
+    const Member& m = member(GetParam());
+    if (!m.array) GTEST_SKIP() << "single object";
+    struct Run {
+        int n, count;
+        bool refuse;
+    };
+    for (auto r : {Run{3, 300, false}, Run{4, 611, false}, Run{5, 150, false}, Run{6, 97, false}, Run{11, 40, false},
+                   Run{4, 300, true}, Run{8, 40, true}, Run{2, 700, true}}) {
+        if (r.refuse && m.family != "LUDecomp") continue;
+        forEachTeamSize([&](int threads) {
+            Case s = makeCase(m, {{"size", r.n}, {"count", r.count}}, Layout{Form::Random}, 40 + threads);
+            for (int bad : {r.count / 30, r.count - r.count / 6})
+                for (int row = 0; r.refuse && row < r.n; ++row) s.ops[kSrc].set(bad, row, r.n / 2, 0.0);
+            if (r.refuse && threads > 1)
+                checkDecomp(s, teamBlocks(r.count, threads));
+            else
+                check(s);
+        });
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, LU, ::testing::ValuesIn(memberNames({"LUDecomp", "LUBackSubst"})), paramName);
 
 // Column k below the tolerance of either class, a tiny value in the last
 // row and zeros above it: refused at step k (the last test for k = n - 1),
@@ -293,6 +328,8 @@ TEST_P(LUDecomp, MatchesModelOnEveryLayoutAndInPlace)
 // general loop, with the class's leftovers.  A NaN in column 0, first or
 // last: never refused, never chosen unless it stands first.  In an array of
 // three the first object is complete and the third untouched.
+class LUDecomp : public ::testing::TestWithParam<std::string> {};
+
 TEST_P(LUDecomp, RefusedOrNaNMatrices)
 {
     const Member& m = member(GetParam());
@@ -306,7 +343,8 @@ TEST_P(LUDecomp, RefusedOrNaNMatrices)
             Case s = makeCase(m, sizes, Layout{seed % 2 ? Form::Packed : Form::Random}, seed, seed % 3 == 0);
             Operand& a = s.ops[kSrc];
             const int bad = m.array ? 1 : 0;
-            if (k < 0) a.set(bad, k == -1 ? 0 : n - 1, 0, std::numeric_limits<double>::quiet_NaN());
+            if (k < 0)
+                a.set(bad, k == -1 ? 0 : n - 1, 0, std::numeric_limits<double>::quiet_NaN());
             else
                 for (int r = 0; r < n; ++r) a.set(bad, r, k, r == n - 1 ? tiny : 0.0);
             checkDecomp(s, serial(s));
@@ -314,55 +352,7 @@ TEST_P(LUDecomp, RefusedOrNaNMatrices)
         }
 }
 
-// Serially the first refused object ends the call; in a team every thread
-// stops at its own first failure and the others finish their blocks.  Arrays
-// without a refused object give the serial bits for every team.
-TEST_P(LUDecomp, TeamsOfEverySize)
-{
-    const Member& m = member(GetParam());
-    if (!m.array) GTEST_SKIP() << "single matrix";
-    struct Run {
-        int n, count;
-        bool refuse;
-    };
-    for (auto r : {Run{4, 300, true}, Run{8, 40, true}, Run{2, 700, true}, Run{4, 611, false}, Run{6, 97, false},
-                   Run{11, 13, false}})
-        forEachTeamSize([&](int threads) {
-            Case s = makeCase(m, {{"size", r.n}, {"count", r.count}}, Layout{Form::Random}, 40 + threads);
-            for (int bad : {r.count / 30, r.count - r.count / 6})
-                for (int row = 0; r.refuse && row < r.n; ++row) s.ops[kSrc].set(bad, row, r.n / 2, 0.0);
-            checkDecomp(s, threads == 1 || !r.refuse ? serial(s) : teamBlocks(r.count, threads));
-        });
-}
-
 INSTANTIATE_TEST_SUITE_P(All, LUDecomp, ::testing::ValuesIn(memberNames({"LUDecomp"})), paramName);
-
-// ---- LUBackSubst over every member -------------------------------------------------------
-
-class LUBackSubst : public ::testing::TestWithParam<std::string> {};
-
-// dst over src2: right at orders 3 to 6; the general loop overwrites the
-// right-hand side as it goes, as the model does.
-TEST_P(LUBackSubst, MatchesModelOnEveryLayoutAndInPlace)
-{
-    const Member& m = member(GetParam());
-    for (bool inPlace : {false, true})
-        sweep(m, sizeGrid(m), everyForm(), inPlace ? 700 : 1, [](Case& s) { checkSolve(s); }, inPlace);
-}
-
-// Hundreds of vectors also show the reciprocals of one matrix against many
-// vectors, where a division would differ in the last bit.
-TEST_P(LUBackSubst, TeamsOfEverySize)
-{
-    const Member& m = member(GetParam());
-    if (!m.array) GTEST_SKIP() << "single system";
-    for (auto [n, count] : {std::pair{3, 300}, std::pair{4, 611}, std::pair{5, 150}, std::pair{6, 97}, std::pair{11, 40}})
-        forEachTeamSize([&](int threads) {
-            checkSolve(makeCase(m, {{"size", n}, {"count", count}}, Layout{Form::Random}, 90 + threads));
-        });
-}
-
-INSTANTIATE_TEST_SUITE_P(All, LUBackSubst, ::testing::ValuesIn(memberNames({"LUBackSubst"})), paramName);
 
 // ---- documented cases by hand -------------------------------------------------------------
 
@@ -370,25 +360,24 @@ INSTANTIATE_TEST_SUITE_P(All, LUBackSubst, ::testing::ValuesIn(memberNames({"LUB
 // (2*count + size)*size 700 / 701, (size + 2)*size*count 1200 / 1203.
 TEST(LUDriver, EstimatesAtTheLimits)
 {
-    struct Call {
-        const char* name;
-        int size, count;
-        bool driver;
-    };
-    for (auto c : {Call{"kelmLUDecomp_ma_32f", 10, 10, false}, Call{"kelmLUDecomp_ma_64f_P", 1, 1001, true},
-                   Call{"kelmLUBackSubst_mva_64f_L", 10, 30, false}, Call{"kelmLUBackSubst_mva_32f", 1, 350, true},
-                   Call{"kelmLUBackSubst_mava_32f_P", 10, 10, false}, Call{"kelmLUBackSubst_mava_64f", 1, 401, true}}) {
-        Case s = makeCase(member(c.name), {{"size", c.size}, {"count", c.count}}, Layout{Form::Packed}, 3);
+    for (auto [name, size, count, driver] : {std::tuple{"kelmLUDecomp_ma_32f", 10, 10, false},
+                                             {"kelmLUDecomp_ma_64f_P", 1, 1001, true},
+                                             {"kelmLUBackSubst_mva_64f_L", 10, 30, false},
+                                             {"kelmLUBackSubst_mva_32f", 1, 350, true},
+                                             {"kelmLUBackSubst_mava_32f_P", 10, 10, false},
+                                             {"kelmLUBackSubst_mava_64f", 1, 401, true}}) {
+        Case s = makeCase(member(name), {{"size", size}, {"count", count}}, Layout{Form::Packed}, 3);
         forceThreads(2);
         resetThreadQueries();
-        EXPECT_EQ(s.run(), kelStsNoErr) << c.name;
-        EXPECT_EQ(threadQueries(), c.driver ? 2 : 0) << c.name;
+        EXPECT_EQ(s.run(), kelStsNoErr) << name;
+        EXPECT_EQ(threadQueries(), driver ? 2 : 0) << name;
         forceThreads(0);
     }
 }
 
 template <class T>
-class LUByHand : public ::testing::Test {};
+class LUByHand : public ::testing::Test {
+};
 using Types = ::testing::Types<float, double>;
 TYPED_TEST_SUITE(LUByHand, Types);
 
@@ -486,7 +475,8 @@ TEST(LUSolve, RoundTrip)
                 if (j == 0) setPivot(x.ops[kPiv], o, i, int32_t(f.ops[kPiv].bits(o, 0, i)));
             }
             ASSERT_EQ(x.run(), kelStsNoErr);
-            const double eps = type == "32f" ? std::numeric_limits<float>::epsilon() : std::numeric_limits<double>::epsilon();
+            const double eps =
+                type == "32f" ? std::numeric_limits<float>::epsilon() : std::numeric_limits<double>::epsilon();
             for (int o = 0; o < count; ++o) {
                 double worst = 0, scale = 0;
                 for (int i = 0; i < n; ++i) {
