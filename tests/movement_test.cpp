@@ -10,6 +10,7 @@
 #include <cstring>
 #include <iterator>
 #include <random>
+#include <stdexcept>
 
 #include "families.h"
 #include "guarded.h"
@@ -308,6 +309,7 @@ struct Region {
         static constexpr size_t kMax = 8 << 20;
         static Guarded blocks[2] = {Guarded(kMax), Guarded(kMax)};
         bytes = 16 + span + (align < 0 ? 0 : (32 - span % 16 - align) % 16);
+        if (bytes > kMax) throw std::length_error("objects too large for the guarded blocks");
         base = blocks[which].as<unsigned char>(kMax - bytes);
         for (size_t k = 0; k < bytes; k += 8) {
             const uint64_t r = rng();
