@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
 
@@ -94,12 +95,24 @@ Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t s
 
 std::vector<Form> everyForm() { return {Form::Packed, Form::Random, Form::Random, Form::Strided}; }
 
+std::vector<Sizes> withCounts(const Member& m, const std::vector<Sizes>& shapes, const std::vector<int>& counts)
+{
+    std::vector<Sizes> out;
+    for (int c : m.has("count") ? counts : std::vector<int>{0})
+        for (Sizes s : shapes) {
+            if (c > 0) s["count"] = c;
+            out.push_back(s);
+        }
+    return out;
+}
+
 void sweep(const Member& m, const std::vector<Sizes>& grid, const std::vector<Form>& forms, uint32_t seed,
-           const std::function<void(Case&)>& check)
+           const std::function<void(Case&)>& check, bool inPlace)
 {
     for (auto& sizes : grid)
         for (Form form : forms) {
-            Case s = makeCase(m, sizes, Layout{form}, seed++);
+            Case s = makeCase(m, sizes, Layout{form}, seed++, inPlace);
+            ASSERT_TRUE(!inPlace || s.inPlaceOf >= 0) << describe(s) << ": no source to share dst's memory";
             check(s);
             if (::testing::Test::HasFatalFailure()) return;
         }
@@ -110,6 +123,32 @@ void expectResult(const Case& s, const std::vector<double>& expected)
     auto before = s.snapshot();
     ASSERT_EQ(s.run(), kelStsNoErr) << describe(s);
     std::string diff = compareAfter(s, before, expected);
+    ASSERT_TRUE(diff.empty()) << diff;
+}
+
+void forEachTeamSize(const std::function<void(int threads)>& check)
+{
+    for (int threads : {1, 2, 3, 7}) {
+        forceThreads(threads);
+        check(threads);
+        forceThreads(0);
+        if (::testing::Test::HasFatalFailure()) return;
+    }
+}
+
+Expected::Expected(const Case& s) : s_(s), want_(s.snapshot()) {}
+
+void Expected::put(int group, int n, int r, int c, uint64_t bits)
+{
+    const Operand& op = s_.ops[group];
+    const int home = group == dstGroup(*s_.m) && s_.inPlaceOf >= 0 ? s_.inPlaceOf : group;
+    std::memcpy(want_[home].data() + op.offsets[op.index(n, r, c)], &bits, op.elem);
+}
+
+void Expected::check(KelStatus status) const
+{
+    ASSERT_EQ(s_.run(), status) << describe(s_);
+    const std::string diff = compareAfterBits(s_, want_, {});
     ASSERT_TRUE(diff.empty()) << diff;
 }
 

@@ -51,15 +51,42 @@ Shape elementwiseShape(const Member& m, const GroupInfo& g, const Sizes& sizes);
 // The layouts a model comparison runs through: packed, two random, strided.
 std::vector<Form> everyForm();
 
+// Each of `shapes` with each of `counts` for a member on arrays; alone
+// (without count) for a member on single objects.
+std::vector<Sizes> withCounts(const Member& m, const std::vector<Sizes>& shapes,
+                              const std::vector<int>& counts = {1, 2, 5});
+
 // Runs `check` on a case of m for all sizes of `grid` in every form of
 // `forms`, seeds counting up from `seed`; stops at the first fatal failure.
+// inPlace: dst shares the memory of a source (see makeSetup); a member
+// without such a source fails the test.
 void sweep(const Member& m, const std::vector<Sizes>& grid, const std::vector<Form>& forms, uint32_t seed,
-           const std::function<void(Case&)>& check);
+           const std::function<void(Case&)>& check, bool inPlace = false);
 
 // Runs the case and expects success, the dst elements equal to `expected`
 // (computed before the call: in place, the sources are overwritten) and
 // every other byte unchanged.
 void expectResult(const Case& s, const std::vector<double>& expected);
+
+// Runs `check` with the driver's thread count forced to 1, 2, 3 and 7 in
+// turn (then back to the default); stops at the first fatal failure.
+void forEachTeamSize(const std::function<void(int threads)>& check);
+
+// The bytes a call should leave behind: the arenas as they are when this is
+// made, with the elements the call stores put in.  Elements of dst land in
+// the memory of the source that an in-place case shares.
+class Expected {
+public:
+    explicit Expected(const Case& s);
+    // Element (n, r, c) of `group` holds these bits (its element size of them).
+    void put(int group, int n, int r, int c, uint64_t bits);
+    // Runs the case: the status must be `status` and every byte as set up.
+    void check(KelStatus status = kelStsNoErr) const;
+
+private:
+    const Case& s_;
+    std::vector<std::vector<unsigned char>> want_;
+};
 
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
