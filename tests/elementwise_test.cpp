@@ -110,26 +110,6 @@ TEST_P(Elementwise, InPlaceWithTheSameLayout)
     }
 }
 
-// Large arrays go through the team: every thread count gives the model's bits.
-TEST_P(Elementwise, SameResultForEveryThreadCount)
-{
-    const Member& m = member(GetParam());
-    if (!m.array) GTEST_SKIP() << "single object";
-    for (auto sizes : {std::map<std::string, int>{{"width", 4}, {"height", 4}, {"len", 5}, {"count", 611}},
-                       std::map<std::string, int>{{"width", 40}, {"height", 40}, {"len", 1700}, {"count", 3}}}) {
-        std::map<std::string, int> use;
-        for (auto& g : m.groups)
-            if (g.isSize()) use[g.prefix] = sizes[g.prefix];
-        for (int threads : {1, 2, 3, 7}) {
-            forceThreads(threads);
-            Case s = makeCase(m, use, Layout{Form::Random}, 77 + threads);
-            runAndCompare(s);
-            forceThreads(0);
-            if (HasFatalFailure()) return;
-        }
-    }
-}
-
 // NaN stays in its own element; a NaN in the single operand reaches every object.
 TEST_P(Elementwise, NaNStaysInItsElement)
 {
@@ -144,8 +124,8 @@ TEST_P(Elementwise, NaNStaysInItsElement)
 
 std::string paramName(const ::testing::TestParamInfo<std::string>& p) { return p.param; }
 
-KT_FAMILY("Add", FamilyHooks{elementwiseShape, {}, {}, {}});
-KT_FAMILY("Sub", FamilyHooks{elementwiseShape, {}, {}, {}});
+KT_FAMILY("Add", FamilyHooks{elementwiseShape, {}, {}, {}, nullptr, model});
+KT_FAMILY("Sub", FamilyHooks{elementwiseShape, {}, {}, {}, nullptr, model});
 
 INSTANTIATE_TEST_SUITE_P(Add, Elementwise, ::testing::ValuesIn(memberNames({"Add"})), paramName);
 INSTANTIATE_TEST_SUITE_P(Sub, Elementwise, ::testing::ValuesIn(memberNames({"Sub"})), paramName);

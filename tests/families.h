@@ -28,6 +28,10 @@ struct FamilyHooks {
     // The members these hooks serve, when a family is split over several
     // tables that register hooks of their own; default: all its members.
     std::function<bool(const Member&)> covers = nullptr;
+    // The family's plain model: the dst elements a case should produce
+    // (see expectResult).  With it the generic tests check that every team
+    // size gives the model's bits; default: the family checks that itself.
+    std::function<std::vector<double>(const Case&)> model = nullptr;
 };
 
 void registerFamily(const std::string& name, FamilyHooks hooks);

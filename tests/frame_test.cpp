@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <omp.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "families.h"
@@ -222,6 +223,34 @@ TEST_P(Limits, DriverFromTheExactEstimate)
                 << limit;
         }
         forceThreads(0);
+    }
+}
+
+// Arrays that reach the driver give the model's bits for every team size,
+// with objects of the family's valid sizes and three times as large.
+TEST_P(Limits, SameResultForEveryTeamSize)
+{
+    const Member& m = member(GetParam());
+    const auto& model = family(m).model;
+    if (!m.array || !model) GTEST_SKIP() << "single object, or a family that checks its teams itself";
+    const int32_t limit = std::max(m.limitPacked, m.limitStrided);
+    if (limit == kSerialOnly) GTEST_SKIP() << "always serial";
+    for (int scale : {1, 3}) {
+        auto sized = [&](int count) {
+            Sizes s = validSizes(m, count);
+            for (auto& [name, v] : s)
+                if (name != "count") v *= scale;
+            return s;
+        };
+        int c = 8;
+        while (evalEstimate(m.estimate, sized(c)) < limit) c += c / 2;
+        forEachTeamSize([&](int threads) {
+            Case s = makeCase(m, sized(c), Layout{Form::Random}, 70 + threads + scale);
+            resetThreadQueries();
+            expectResult(s, model(s));
+            EXPECT_EQ(threadQueries(), threads >= 2 ? 2 : 1) << m.name << " did not reach the driver";
+        });
+        if (HasFatalFailure()) return;
     }
 }
 

@@ -18,8 +18,6 @@ const std::set<std::string> kConstantCodes = {"mc", "tc", "vc", "mac", "tac", "v
 
 bool isMulC(const Member& m) { return m.family == "Mul" && kConstantCodes.count(m.code) > 0; }
 
-KT_FAMILY("Mul", FamilyHooks{elementwiseShape, {}, {}, {}, isMulC});
-
 std::vector<std::string> members()
 {
     std::vector<std::string> out;
@@ -51,6 +49,8 @@ std::vector<double> model(const Case& s)
 }
 
 void runAndCompare(const Case& s) { expectResult(s, model(s)); }
+
+KT_FAMILY("Mul", FamilyHooks{elementwiseShape, {}, {}, {}, isMulC, model});
 
 std::vector<Sizes> sizeGrid(const Member& m)
 {
@@ -91,30 +91,6 @@ TEST_P(MulC, InPlaceWithTheSameLayout)
             runAndCompare(s);
             if (HasFatalFailure()) return;
         }
-}
-
-TEST_P(MulC, SameResultForEveryThreadCount)
-{
-    const Member& m = member(GetParam());
-    if (!m.array) GTEST_SKIP() << "single object";
-    for (Sizes base : {Sizes{{"width", 4}, {"height", 4}, {"len", 5}, {"count", 611}},
-                       Sizes{{"width", 30}, {"height", 30}, {"len", 1700}, {"count", 4}}}) {
-        Sizes sizes;
-        for (auto& g : m.groups)
-            if (g.isSize()) sizes[g.prefix] = base[g.prefix];
-        ASSERT_GE(evalEstimate(m.estimate, sizes), std::max(m.limitPacked, m.limitStrided));
-        for (int threads : {1, 2, 3, 7}) {
-            Case s = makeCase(m, sizes, Layout{Form::Random}, 77 + threads);
-            forceThreads(threads);
-            resetThreadQueries();
-            runAndCompare(s);
-            const int queries = threadQueries();
-            forceThreads(0);
-            if (HasFatalFailure()) return;
-            // The driver forks when it has at least as many objects as threads.
-            EXPECT_EQ(queries, threads >= 2 && sizes["count"] >= threads ? 2 : 1) << m.name;
-        }
-    }
 }
 
 std::string paramName(const ::testing::TestParamInfo<std::string>& p) { return p.param; }

@@ -187,8 +187,8 @@ std::vector<Sizes> matVecMismatches(const Member& m, const Sizes& valid)
     return {{{"src2Len", w + 1}}, {{"src1Width", w + 1}}, {{"src2Len", h}}};
 }
 
-KT_FAMILY("Mul", FamilyHooks{matVecShape, validMatVecSizes, matVecMismatches, {}, isMatVec});
-KT_FAMILY("Gaxpy", FamilyHooks{matVecShape, validMatVecSizes, matVecMismatches, {}, isGaxpy});
+KT_FAMILY("Mul", FamilyHooks{matVecShape, validMatVecSizes, matVecMismatches, {}, isMatVec, model});
+KT_FAMILY("Gaxpy", FamilyHooks{matVecShape, validMatVecSizes, matVecMismatches, {}, isGaxpy, model});
 
 std::vector<std::string> members()
 {
@@ -239,27 +239,6 @@ TEST_P(MatVec, SignOfAZeroSumPerSizeClass)
             }
             runAndCompare(s);
             if (HasFatalFailure()) return;
-        }
-}
-
-// Arrays big enough for the driver give the model's bits for every team size.
-TEST_P(MatVec, SameResultForEveryThreadCount)
-{
-    const Member& m = member(GetParam());
-    if (!m.array) GTEST_SKIP() << "single object";
-    for (auto wh : {std::pair{4, 4}, {9, 7}})
-        for (int threads : {1, 2, 3, 7}) {
-            Sizes sizes = matVecSizes(m, wh.first, wh.second, wh.first == 4 ? 1000 : 500);
-            Case s = makeCase(m, sizes, Layout{threads == 3 ? Form::Packed : Form::Random}, 77 + threads);
-            const int32_t limit = pathOf(s) == Path::Packed ? m.limitPacked : m.limitStrided;
-            ASSERT_GE(evalEstimate(m.estimate, sizes), limit) << "too small to reach the driver";
-            forceThreads(threads);
-            resetThreadQueries();
-            runAndCompare(s);
-            const int queries = threadQueries();
-            forceThreads(0);
-            if (HasFatalFailure()) return;
-            EXPECT_EQ(queries, threads >= 2 ? 2 : 1) << m.name << " did not reach the driver";
         }
 }
 
