@@ -83,13 +83,14 @@ inline bool badSizes(const Sizes& s)
 }
 }  // namespace detail
 
-// Runs the member's checks.  `mismatch` answers the M step; it is only
-// called when the member has that step and the earlier steps passed.
-// Orders have at most kMaxSteps steps.  The loop has that fixed bound so
-// that the compiler unrolls it and, the member's order being a constant at
-// every call, keeps only that member's steps in their order.
+// Orders have at most kMaxSteps steps (the generator refuses longer ones).
 constexpr int kMaxSteps = 8;
 
+// Runs the member's checks.  `mismatch` answers the M step; it is only
+// called when the member has that step and the earlier steps passed.  The
+// loop has a fixed bound so that the compiler unrolls it and, the member's
+// order being a constant at every call, keeps only that member's steps in
+// their order.
 template <class Mismatch, class... V>
 inline KelStatus check(const Traits& tr, const Sizes& s, Mismatch&& mismatch, const V&... v)
 {
