@@ -172,4 +172,54 @@ struct Row {
     }
 };
 
+// ---- Lane spreads and row arithmetic ------------------------------------------
+
+// Lane l of a pack spread over all lanes.  The integer shuffle leaves its
+// source intact, which saves a register copy per spread.
+template <int l>
+inline Pack<Sse, float> spread(Pack<Sse, float> p)
+{
+    return {_mm_castsi128_ps(_mm_shuffle_epi32(_mm_castps_si128(p.v), _MM_SHUFFLE(l, l, l, l)))};
+}
+template <int l>
+inline Pack<Sse, double> spread(Pack<Sse, double> p)
+{
+    constexpr int k = l ? _MM_SHUFFLE(3, 2, 3, 2) : _MM_SHUFFLE(1, 0, 1, 0);
+    return {_mm_castsi128_pd(_mm_shuffle_epi32(_mm_castpd_si128(p.v), k))};
+}
+template <int l, class T>
+inline Pack<Scalar, T> spread(Pack<Scalar, T> p)
+{
+    return Pack<Scalar, T>::splat(p.v[l]);
+}
+
+// Element k of a row spread over one pack.
+template <int k, class Isa, class T, int W>
+inline Pack<Isa, T> element(const Row<Isa, T, W>& r)
+{
+    return spread<k % kLanes<T>>(r.p[k / kLanes<T>]);
+}
+
+// Pack by pack: a + b, s * r and r * s (the operand order of each multiply
+// is kept, which decides the payload when both operands are NaN).
+template <class Isa, class T, int W>
+inline Row<Isa, T, W> operator+(const Row<Isa, T, W>& a, const Row<Isa, T, W>& b)
+{
+    return zip(a, b, [](Pack<Isa, T> x, Pack<Isa, T> y) { return x + y; });
+}
+template <class Isa, class T, int W>
+inline Row<Isa, T, W> operator*(Pack<Isa, T> s, const Row<Isa, T, W>& r)
+{
+    Row<Isa, T, W> out;
+    for (int k = 0; k < Row<Isa, T, W>::kPacks; ++k) out.p[k] = s * r.p[k];
+    return out;
+}
+template <class Isa, class T, int W>
+inline Row<Isa, T, W> operator*(const Row<Isa, T, W>& r, Pack<Isa, T> s)
+{
+    Row<Isa, T, W> out;
+    for (int k = 0; k < Row<Isa, T, W>::kPacks; ++k) out.p[k] = r.p[k] * s;
+    return out;
+}
+
 }  // namespace kel::simd

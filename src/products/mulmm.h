@@ -48,25 +48,12 @@ struct Dims {
 template <bool Packed, class V, int RowBytes = 0>
 using Walk = kel::Walk<Packed ? Path::Rows : Path::Strided, V, RowBytes>;
 
+using simd::spread;
 using simd::Sse;
 template <class T>
 using Pack = simd::Pack<Sse, T>;
 template <class T, int N>
 using Row = simd::Row<Sse, T, N>;
-
-template <class T, int N>
-inline Row<T, N> operator+(const Row<T, N>& a, const Row<T, N>& b)
-{
-    return zip(a, b, [](Pack<T> x, Pack<T> y) { return x + y; });
-}
-// Every lane of a row times one element.
-template <class T, int N>
-inline Row<T, N> scale(Pack<T> s, const Row<T, N>& b)
-{
-    Row<T, N> r;
-    for (int k = 0; k < Row<T, N>::kPacks; ++k) r.p[k] = s * b.p[k];
-    return r;
-}
 
 // Rows of 3 floats in a dense object (Stride1 of 3 elements): the 16 bytes
 // from the start of row 0 or 1 all belong to the object, so those rows are
@@ -115,13 +102,6 @@ inline void storeRow(const C& c, int r, const Row<typename C::Elem, N>& x)
     }
 }
 
-// Lane L of a pack of floats spread over the whole pack.
-template <int L>
-inline Pack<float> spread(__m128 v)
-{
-    return {_mm_castsi128_ps(_mm_shuffle_epi32(_mm_castps_si128(v), L * 0x55))};
-}
-
 // Row r of one object of A, each element spread over a pack.  Rows of
 // floats that lie in contiguous memory are read by packs and spread by
 // shuffles (a dense 3 x 3 object reads row 2 from the window that ends
@@ -135,18 +115,18 @@ inline void spreadRow(const C& c, int r, Pack<typename C::Elem> (&out)[N])
         const float* p = c.row(r);
         if constexpr (N == 3) {
             if (r < 2) {
-                const __m128 v = _mm_loadu_ps(p);
+                const Pack<float> v = Pack<float>::load(p);
                 out[0] = spread<0>(v), out[1] = spread<1>(v), out[2] = spread<2>(v);
             } else {
-                const __m128 v = _mm_loadu_ps(p - 1);
+                const Pack<float> v = Pack<float>::load(p - 1);
                 out[0] = spread<1>(v), out[1] = spread<2>(v), out[2] = spread<3>(v);
             }
         } else {
-            const __m128 v = _mm_loadu_ps(p);
+            const Pack<float> v = Pack<float>::load(p);
             out[0] = spread<0>(v), out[1] = spread<1>(v), out[2] = spread<2>(v), out[3] = spread<3>(v);
             if constexpr (N == 5) out[4] = Pack<T>::splat(load<T>(p + 4));
             if constexpr (N == 6) {
-                const __m128 w = _mm_castsi128_ps(simd::load64(p + 4));
+                const Pack<float> w{_mm_castsi128_ps(simd::load64(p + 4))};
                 out[4] = spread<0>(w), out[5] = spread<1>(w);
             }
         }
@@ -193,9 +173,9 @@ void straightLine(int32_t count, const A& a, const B& b, const D& d)
             P rowA[A::array ? N : 1];
             if constexpr (A::array) spreadRow<N, Dense>(ca, r, rowA);
             const P* ak = A::array ? rowA : heldA + r * N;
-            R acc = scale(ak[0], bk[0]);
+            R acc = ak[0] * bk[0];
             if constexpr (FromZero) acc = acc + zero;
-            for (int k = 1; k < N; ++k) acc = acc + scale(ak[k], bk[k]);
+            for (int k = 1; k < N; ++k) acc = acc + ak[k] * bk[k];
             storeRow<N, Dense>(cd, r, acc);
         }
     }

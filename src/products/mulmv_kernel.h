@@ -70,53 +70,7 @@ using simd::Pack;
 using simd::Row;
 using simd::Sse;
 
-// Lane l of a pack spread over all lanes.  The integer shuffle leaves its
-// source intact, which saves a register copy per spread.
-template <int l>
-inline Pack<Sse, float> spread(Pack<Sse, float> p)
-{
-    return {_mm_castsi128_ps(_mm_shuffle_epi32(_mm_castps_si128(p.v), _MM_SHUFFLE(l, l, l, l)))};
-}
-template <int l>
-inline Pack<Sse, double> spread(Pack<Sse, double> p)
-{
-    constexpr int k = l ? _MM_SHUFFLE(3, 2, 3, 2) : _MM_SHUFFLE(1, 0, 1, 0);
-    return {_mm_castsi128_pd(_mm_shuffle_epi32(_mm_castpd_si128(p.v), k))};
-}
-template <int l, class T>
-inline Pack<simd::Scalar, T> spread(Pack<simd::Scalar, T> p)
-{
-    return Pack<simd::Scalar, T>::splat(p.v[l]);
-}
-
-// Element k of a row spread over one pack.
-template <int k, class Isa, class T, int N>
-inline Pack<Isa, T> element(const Row<Isa, T, N>& r)
-{
-    constexpr int L = simd::kLanes<T>;
-    return spread<k % L>(r.p[k / L]);
-}
-
-// acc = acc + col * e, pack by pack (col * e for the first product).
-template <class Isa, class T, int N>
-inline void addProduct(Row<Isa, T, N>& acc, const Row<Isa, T, N>& col, Pack<Isa, T> e)
-{
-    for (int i = 0; i < Row<Isa, T, N>::kPacks; ++i) acc.p[i] = acc.p[i] + col.p[i] * e;
-}
-template <class Isa, class T, int N>
-inline Row<Isa, T, N> product(const Row<Isa, T, N>& col, Pack<Isa, T> e)
-{
-    Row<Isa, T, N> r;
-    for (int i = 0; i < Row<Isa, T, N>::kPacks; ++i) r.p[i] = col.p[i] * e;
-    return r;
-}
-template <class Isa, class T, int N>
-inline Row<Isa, T, N> sum(const Row<Isa, T, N>& a, const Row<Isa, T, N>& b)
-{
-    Row<Isa, T, N> r;
-    for (int i = 0; i < Row<Isa, T, N>::kPacks; ++i) r.p[i] = a.p[i] + b.p[i];
-    return r;
-}
+using simd::element;
 
 // Packed operands: whole stored rows of each object.
 template <class V>
@@ -161,13 +115,13 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& a, co
             if constexpr (X::array) return element<k>(xr);
             else return spreadX[k];
         };
-        R acc = product(col(std::integral_constant<int, 0>{}), elem(std::integral_constant<int, 0>{}));
-        if constexpr (FromZero) acc = sum(R::splat(T(0)), acc);
+        R acc = col(std::integral_constant<int, 0>{}) * elem(std::integral_constant<int, 0>{});
+        if constexpr (FromZero) acc = R::splat(T(0)) + acc;
         auto step = [&](auto kc) {
-            if constexpr (decltype(kc)::value > 0) addProduct(acc, col(kc), elem(kc));
+            if constexpr (decltype(kc)::value > 0) acc = acc + col(kc) * elem(kc);
         };
         (step(std::integral_constant<int, K>{}), ...);
-        if constexpr (!kNoAddend<Y>) acc = sum(acc, wy.addend(n));
+        if constexpr (!kNoAddend<Y>) acc = acc + wy.addend(n);
         acc.store(wd[n].row(0));
     };
     auto loop = [&](auto& wy) {
