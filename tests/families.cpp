@@ -136,6 +136,17 @@ void forEachTeamSize(const std::function<void(int threads)>& check)
     }
 }
 
+int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threads)
+{
+    Case s = makeCase(member(name), sizes, Layout{form}, 31);
+    forceThreads(threads);
+    resetThreadQueries();
+    const KelStatus st = s.run();
+    forceThreads(0);
+    EXPECT_EQ(st, kelStsNoErr);
+    return threadQueries();
+}
+
 Expected::Expected(const Case& s) : s_(s), want_(s.snapshot()) {}
 
 void Expected::put(int group, int n, int r, int c, uint64_t bits)

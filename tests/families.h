@@ -76,6 +76,10 @@ void expectResult(const Case& s, const std::vector<double>& expected);
 // turn (then back to the default); stops at the first fatal failure.
 void forEachTeamSize(const std::function<void(int threads)>& check);
 
+// Runs a case of member `name` in a team of `threads` and returns how often
+// it asked for a thread count (0: serial; 2: the driver and its team).
+int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threads = 2);
+
 // The bytes a call should leave behind: the arenas as they are when this is
 // made, with the elements the call stores put in.  Elements of dst land in
 // the memory of the source that an in-place case shares.

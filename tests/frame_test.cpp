@@ -261,18 +261,6 @@ INSTANTIATE_TEST_SUITE_P(All, Limits, ::testing::ValuesIn(memberNames(registered
 
 // ---- documented cases -------------------------------------------------------------
 
-int queriesFor(const std::string& name, std::map<std::string, int> sizes, Form form, int threads = 2)
-{
-    const Member& m = member(name);
-    Case s = makeCase(m, sizes, Layout{form}, 31);
-    forceThreads(threads);
-    resetThreadQueries();
-    KelStatus st = s.run();
-    forceThreads(0);
-    EXPECT_EQ(st, kelStsNoErr);
-    return threadQueries();
-}
-
 TEST(Limits, AddMamBoundaries)
 {
     // W*H*(2C+1): 2999 serial, 3000 driver when packed; 1999 and 2000 strided.

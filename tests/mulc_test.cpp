@@ -130,18 +130,6 @@ TEST(MulCByHand, ConstantArraysAreChecked)
     for (int i = 0; i < 6; ++i) EXPECT_EQ(dst[i], want[i]);
 }
 
-int queriesFor(const std::string& name, const Sizes& sizes, Form form)
-{
-    const Member& m = member(name);
-    Case s = makeCase(m, sizes, Layout{form}, 31);
-    forceThreads(2);
-    resetThreadQueries();
-    KelStatus st = s.run();
-    forceThreads(0);
-    EXPECT_EQ(st, kelStsNoErr);
-    return threadQueries();
-}
-
 TEST(MulCLimits, DocumentedBoundaries)
 {
     // mac: 2*W*H*C, serial up to 3500.

@@ -340,18 +340,6 @@ TEST(MulMva32f, LaneSumsFollowTheVectorsAddress)
 
 // ---- limits and documented cases --------------------------------------------------------------
 
-int queriesFor(const std::string& name, const Sizes& sizes, Form form)
-{
-    const Member& m = member(name);
-    Case s = makeCase(m, sizes, Layout{form}, 31);
-    forceThreads(2);
-    resetThreadQueries();
-    KelStatus st = s.run();
-    forceThreads(0);
-    EXPECT_EQ(st, kelStsNoErr);
-    return threadQueries();
-}
-
 TEST(MatVecLimits, DocumentedBoundaries)
 {
     // Gaxpy mva, (2H + W) * C: L 32f strided, 500 serial and 501 driver; S strided serial up to 5000.
