@@ -24,21 +24,24 @@ struct Arrays {
 
 constexpr int kObj(int n) { return n * n * 4; }
 
-// ---- array + array -------------------------------------------------------------------
+// ---- array + array, array - array ---------------------------------------------------
 
-template <int N>
+enum class Op { Add, Sub };
+
+template <int N, Op O = Op::Add>
 void KelmMama(benchmark::State& state)
 {
     Arrays<N> x(static_cast<int>(state.range(0)));
+    auto call = O == Op::Add ? kelmAdd_mama_32f : kelmSub_mama_32f;
     for (auto _ : state) {
-        kelmAdd_mama_32f(x.a.data(), kObj(N), N * 4, 4, x.b.data(), kObj(N), N * 4, 4, x.d.data(), kObj(N), N * 4, 4,
-                         N, N, x.count);
+        call(x.a.data(), kObj(N), N * 4, 4, x.b.data(), kObj(N), N * 4, 4, x.d.data(), kObj(N), N * 4, 4, N, N,
+             x.count);
         benchmark::ClobberMemory();
     }
     kb::report(state, x.count, 3 * kObj(N));
 }
 
-template <int N>
+template <int N, Op O = Op::Add>
 void LoopMama(benchmark::State& state)
 {
     Arrays<N> x(static_cast<int>(state.range(0)));
@@ -48,7 +51,10 @@ void LoopMama(benchmark::State& state)
         float* d = x.d.data();
         for (int n = 0; n < x.count; ++n)
             for (int j = 0; j < N; ++j)
-                for (int i = 0; i < N; ++i) d[(n * N + j) * N + i] = a[(n * N + j) * N + i] + b[(n * N + j) * N + i];
+                for (int i = 0; i < N; ++i) {
+                    const int e = (n * N + j) * N + i;
+                    d[e] = O == Op::Add ? a[e] + b[e] : a[e] - b[e];
+                }
         benchmark::ClobberMemory();
     }
     kb::report(state, x.count, 3 * kObj(N));
@@ -73,34 +79,15 @@ void EigenMama(benchmark::State& state)
 }
 #endif
 
-// ---- array - array ---------------------------------------------------------------------
-
 template <int N>
 void KelmSubMama(benchmark::State& state)
 {
-    Arrays<N> x(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
-        kelmSub_mama_32f(x.a.data(), kObj(N), N * 4, 4, x.b.data(), kObj(N), N * 4, 4, x.d.data(), kObj(N), N * 4, 4,
-                         N, N, x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kObj(N));
+    KelmMama<N, Op::Sub>(state);
 }
-
 template <int N>
 void LoopSubMama(benchmark::State& state)
 {
-    Arrays<N> x(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
-        const float* a = x.a.data();
-        const float* b = x.b.data();
-        float* d = x.d.data();
-        for (int n = 0; n < x.count; ++n)
-            for (int j = 0; j < N; ++j)
-                for (int i = 0; i < N; ++i) d[(n * N + j) * N + i] = a[(n * N + j) * N + i] - b[(n * N + j) * N + i];
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kObj(N));
+    LoopMama<N, Op::Sub>(state);
 }
 
 // ---- array + one matrix ----------------------------------------------------------------
