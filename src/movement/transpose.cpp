@@ -44,36 +44,75 @@ inline __m128 pass(__m128 v)
     return v;
 }
 
-// Strips of four source columns, `cols` of them in all (a multiple of 4),
-// become four destination rows each, 4 x 4 elements at a time through two
-// stages of 32-bit interleaving; rows left over in a strip (up to 3) go by
-// element.  `dst` and `ds1` are multiples of 16.
-void strips(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t cols, int32_t rows)
+// Four rows of four floats, `ss` bytes apart, read and interleaved in two
+// stages of 32-bit lanes: on return a..d hold the four columns.  With
+// `Aligned` the second and fourth rows are read as operands of the
+// interleaving itself, which saves four instructions per block.
+template <bool Aligned>
+inline void columns4(const float* r, int32_t ss, __m128& a, __m128& b, __m128& c, __m128& d)
 {
-    for (int32_t i = 0; i < cols; i += 4) {
-        float* d[4];
-        for (int k = 0; k < 4; ++k) d[k] = offset(dst, mul32(i + k, ds1));
-        int32_t j = 0;
-        for (; j + 4 <= rows; j += 4) {
-            __m128 r0 = _mm_loadu_ps(at(src, ss1, j, i)), r1 = _mm_loadu_ps(at(src, ss1, j + 1, i));
-            __m128 r2 = _mm_loadu_ps(at(src, ss1, j + 2, i)), r3 = _mm_loadu_ps(at(src, ss1, j + 3, i));
-            _MM_TRANSPOSE4_PS(r0, r1, r2, r3);
-            _mm_store_ps(d[0] + j, r0);
-            _mm_store_ps(d[1] + j, r1);
-            _mm_store_ps(d[2] + j, r2);
-            _mm_store_ps(d[3] + j, r3);
-        }
-        for (; j < rows; ++j)
-            for (int k = 0; k < 4; ++k) moveWord(at(src, ss1, j, i + k), d[k] + j);
+    const float *r1 = offset(r, ss), *r2 = offset(r, mul32(2, ss)), *r3 = offset(r, mul32(3, ss));
+    __m128 t0, t1, t2, t3;
+    if constexpr (Aligned) {
+        t0 = _mm_unpacklo_ps(_mm_load_ps(r), *reinterpret_cast<const __m128*>(r1));
+        t1 = _mm_unpackhi_ps(_mm_load_ps(r), *reinterpret_cast<const __m128*>(r1));
+        t2 = _mm_unpacklo_ps(_mm_load_ps(r2), *reinterpret_cast<const __m128*>(r3));
+        t3 = _mm_unpackhi_ps(_mm_load_ps(r2), *reinterpret_cast<const __m128*>(r3));
+    } else {
+        const __m128 x0 = _mm_loadu_ps(r), x1 = _mm_loadu_ps(r1), x2 = _mm_loadu_ps(r2), x3 = _mm_loadu_ps(r3);
+        t0 = _mm_unpacklo_ps(x0, x1);
+        t1 = _mm_unpackhi_ps(x0, x1);
+        t2 = _mm_unpacklo_ps(x2, x3);
+        t3 = _mm_unpackhi_ps(x2, x3);
     }
+    a = _mm_movelh_ps(t0, t2);
+    b = _mm_movehl_ps(t2, t0);
+    c = _mm_movelh_ps(t1, t3);
+    d = _mm_movehl_ps(t3, t1);
+}
+
+// One tile of 16 x 16 elements straight from the source rows into the
+// destination rows, 4 x 4 at a time, any alignment.  Each group of four
+// destination rows is written whole before the next, so that only four
+// destination lines are open at a time.
+void tile16(const float* src, int32_t ss1, float* dst, int32_t ds1)
+{
+    for (int32_t h = 0; h < 16; h += 4) {
+        float* d0 = offset(dst, mul32(h, ds1));
+        float *d1 = offset(d0, ds1), *d2 = offset(d0, mul32(2, ds1)), *d3 = offset(d0, mul32(3, ds1));
+        for (int32_t g = 0; g < 16; g += 4) {
+            __m128 a, b, c, d;
+            columns4<false>(at(src, ss1, g, h), ss1, a, b, c, d);
+            _mm_storeu_ps(d0 + g, a);
+            _mm_storeu_ps(d1 + g, b);
+            _mm_storeu_ps(d2 + g, c);
+            _mm_storeu_ps(d3 + g, d);
+        }
+    }
+}
+
+// The whole 16 x 16 tiles of `rows` source rows and `cols` source columns
+// (both multiples of 16), a column of tiles at a time.  While one tile
+// moves, the sixteen source lines of the next are fetched into the
+// first-level cache.
+void tiles16(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t cols, int32_t rows)
+{
+    for (int32_t i = 0; i < cols; i += 16)
+        for (int32_t j = 0; j < rows; j += 16) {
+            const int32_t nj = j + 16 < rows ? j + 16 : 0, ni = j + 16 < rows ? i : i + 16;
+            if (ni < cols)
+                for (int32_t k = 0; k < 16; ++k)
+                    _mm_prefetch(reinterpret_cast<const char*>(at(src, ss1, nj + k, ni)), _MM_HINT_T0);
+            tile16(at(src, ss1, j, i), ss1, offset(dst, mul32(i, ds1)) + j, ds1);
+        }
 }
 
 // A tile holds up to kTileRows x kTileCols source elements already
 // transposed: tile row c is source column c, kTileRows floats long.
 struct Tile {
     alignas(64) float e[kTileCols * kTileRows];
-    float* row(int32_t c) { return e + c * kTileRows; }
-    const float* row(int32_t c) const { return e + c * kTileRows; }
+    float* row(int32_t c) { return e + size_t(c) * kTileRows; }
+    const float* row(int32_t c) const { return e + size_t(c) * kTileRows; }
 };
 
 // Source columns i0 .. i0 + cols - 1 of `rows` source rows into the tile,
@@ -81,42 +120,36 @@ struct Tile {
 // source line is read in one burst, so rows that share the sets of the
 // first-level cache (rows a multiple of 4 KiB apart) do not evict one
 // another half-read.
-void gather(const float* src, int32_t ss1, int32_t i0, int32_t cols, int32_t rows, Tile& t)
+template <bool Aligned>
+inline void gather(const float* src, int32_t ss1, int32_t i0, int32_t cols, int32_t rows, Tile& t)
 {
     int32_t j = 0;
     for (; j + 4 <= rows; j += 4) {
         const float* r0 = at(src, ss1, j, i0);
-        const float* r1 = at(src, ss1, j + 1, i0);
-        const float* r2 = at(src, ss1, j + 2, i0);
-        const float* r3 = at(src, ss1, j + 3, i0);
         int32_t c = 0;
         for (; c + 4 <= cols; c += 4) {
-            __m128 a = _mm_loadu_ps(r0 + c), b = _mm_loadu_ps(r1 + c);
-            __m128 e = _mm_loadu_ps(r2 + c), f = _mm_loadu_ps(r3 + c);
-            _MM_TRANSPOSE4_PS(a, b, e, f);
+            __m128 a, b, e, f;
+            columns4<Aligned>(r0 + c, ss1, a, b, e, f);
             _mm_store_ps(t.row(c) + j, a);
             _mm_store_ps(t.row(c + 1) + j, b);
             _mm_store_ps(t.row(c + 2) + j, e);
             _mm_store_ps(t.row(c + 3) + j, f);
         }
-        for (; c < cols; ++c) {
-            moveWord(r0 + c, t.row(c) + j);
-            moveWord(r1 + c, t.row(c) + j + 1);
-            moveWord(r2 + c, t.row(c) + j + 2);
-            moveWord(r3 + c, t.row(c) + j + 3);
-        }
+        for (; c < cols; ++c)
+            for (int32_t k = 0; k < 4; ++k) moveWord(at(src, ss1, j + k, i0 + c), t.row(c) + j + k);
     }
     for (; j < rows; ++j)
         for (int32_t c = 0; c < cols; ++c) moveWord(at(src, ss1, j, i0 + c), t.row(c) + j);
 }
 
 // Tile rows 0 .. cols - 1 as destination rows i0 .. i0 + cols - 1, `rows`
-// elements each, one destination row after the other.  With `Stream` the
-// whole 64-byte lines of each row go by stores that bypass the cache; the
-// partial lines at either end take ordinary stores, since a partial
-// non-temporal line would be written back piecemeal.
+// elements each, one destination row after the other, sixteen elements a
+// step.  With `Stream` the whole 64-byte lines of each row go by stores
+// that bypass the cache; the partial lines at either end take ordinary
+// stores, since a partial non-temporal line would be written back
+// piecemeal.
 template <bool Stream>
-void scatter(const Tile& t, int32_t cols, int32_t rows, float* dst, int32_t ds1, int32_t i0)
+inline void scatter(const Tile& t, int32_t cols, int32_t rows, float* dst, int32_t ds1, int32_t i0)
 {
     for (int32_t c = 0; c < cols; ++c) {
         float* d = offset(dst, mul32(i0 + c, ds1));
@@ -131,40 +164,67 @@ void scatter(const Tile& t, int32_t cols, int32_t rows, float* dst, int32_t ds1,
                 for (; k < end; k += 4) _mm_stream_ps(d + k, _mm_loadu_ps(r + k));
             }
         }
+        for (; k + 16 <= rows; k += 16) {
+            const __m128 x0 = pass(_mm_load_ps(r + k)), x1 = pass(_mm_load_ps(r + k + 4));
+            const __m128 x2 = pass(_mm_load_ps(r + k + 8)), x3 = pass(_mm_load_ps(r + k + 12));
+            _mm_storeu_ps(d + k, x0);
+            _mm_storeu_ps(d + k + 4, x1);
+            _mm_storeu_ps(d + k + 8, x2);
+            _mm_storeu_ps(d + k + 12, x3);
+        }
         for (; k + 4 <= rows; k += 4) _mm_storeu_ps(d + k, pass(_mm_loadu_ps(r + k)));
         for (; k < rows; ++k) moveWord(r + k, d + k);
     }
 }
 
-// One block of `rows` source rows.  The source goes through a tile on the
-// stack, kTileRows x kTileCols at a time, and each destination row is
-// written in one run.  With ordinary stores, an 8-byte aligned source and a
-// 16-byte aligned destination whose rows do not lie a multiple of 1 KiB
-// apart (so that a strip's rows fall into different sets of the
-// first-level cache) the columns in strips of four go straight from the
-// source instead.  Streaming stores end with a store fence, so that the
-// writes are ordered before anything that follows.
-void block(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, int32_t rows, bool stream)
+// Source columns i0 .. w - 1 of `rows` source rows through the tile on the
+// stack, kTileRows x kTileCols at a time; each destination row is written
+// in one run.
+void tiled(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t i0, int32_t w, int32_t rows, bool stream)
 {
-    const bool direct = !stream && addr(src) % 8 == 0 && ss1 % 8 == 0 && addr(dst) % 16 == 0 && ds1 % 16 == 0 &&
-                        ss1 % 1024 != 0;
+    const bool aligned = addr(src) % 16 == 0 && ss1 % 16 == 0;
     Tile tile;
     for (int32_t j = 0; j < rows; j += kTileRows) {
         const int32_t tr = std::min(kTileRows, rows - j);
         const float* s = offset(src, mul32(j, ss1));
         float* d = dst + j;
-        int32_t i = 0;
-        if (direct) {
-            i = w / 4 * 4;
-            strips(s, ss1, d, ds1, i, tr);
-        }
-        for (; i < w; i += kTileCols) {
+        for (int32_t i = i0; i < w; i += kTileCols) {
             const int32_t tw = std::min(kTileCols, w - i);
-            gather(s, ss1, i, tw, tr, tile);
+            if (tw == kTileCols && tr == kTileRows && !stream) {
+                // Whole tiles with ordinary stores: loops of known length.
+                if (aligned) gather<true>(s, ss1, i, kTileCols, kTileRows, tile);
+                else gather<false>(s, ss1, i, kTileCols, kTileRows, tile);
+                scatter<false>(tile, kTileCols, kTileRows, d, ds1, i);
+                continue;
+            }
+            if (aligned) gather<true>(s, ss1, i, tw, tr, tile);
+            else gather<false>(s, ss1, i, tw, tr, tile);
             if (stream) scatter<true>(tile, tw, tr, d, ds1, i);
             else scatter<false>(tile, tw, tr, d, ds1, i);
         }
     }
+}
+
+// One block of `rows` source rows.  With ordinary stores and the rows of
+// both matrices spread over the sets of the first-level cache (row
+// distances not a multiple of 512 bytes), the whole 16 x 16 tiles go
+// straight from source to destination and only the leftover rows and
+// columns take the staging tile.  Rows that share a few sets (a multiple of
+// 512 bytes apart, 4 KiB above all) cannot keep sixteen source or
+// destination lines open at once, so their blocks go through the staging
+// tile, which reads and writes whole rows.  Streaming stores end with a
+// store fence, so that the writes are ordered before anything that
+// follows.
+void block(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, int32_t rows, bool stream)
+{
+    if (!stream && ss1 % 512 != 0 && ds1 % 512 != 0) {
+        const int32_t w16 = w / 16 * 16, r16 = rows / 16 * 16;
+        tiles16(src, ss1, dst, ds1, w16, r16);
+        if (r16 < rows) tiled(offset(src, mul32(r16, ss1)), ss1, dst + r16, ds1, 0, w16, rows - r16, false);
+        tiled(src, ss1, dst, ds1, w16, w, rows, false);
+        return;
+    }
+    tiled(src, ss1, dst, ds1, 0, w, rows, stream);
     if (stream) _mm_sfence();
 }
 
