@@ -365,7 +365,8 @@ struct CacheGuard {
 TEST(TransposePacked, EveryPathGivesTheTransposition)
 {
     const std::pair<int, int> sizes[] = {{3, 3},     {4, 4},     {5, 5},    {6, 6},    {129, 129}, {130, 70},
-                                         {133, 131}, {200, 300}, {67, 150}, {256, 67}, {250, 71},  {7, 1000}};
+                                         {133, 131}, {200, 300}, {67, 150}, {256, 67}, {250, 71},  {7, 1000},
+                                         {144, 80}};
     uint32_t seed = 1;
     for (int cache : {0, 1 << 30, 4096}) {
         CacheGuard g(cache);

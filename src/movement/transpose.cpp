@@ -205,23 +205,33 @@ void tiled(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t i0, i
     }
 }
 
+// Elements from `p` to the next 64-byte line when rows `stride` bytes apart
+// all start at the same place in a line; 0 otherwise.
+int32_t toLine(const float* p, int32_t stride)
+{
+    return addr(p) % 4 == 0 && stride % 64 == 0 ? int32_t((64 - addr(p) % 64) % 64 / 4) : 0;
+}
+
 // One block of `rows` source rows.  With ordinary stores and the rows of
 // both matrices spread over the sets of the first-level cache (row
 // distances not a multiple of 512 bytes), the whole 16 x 16 tiles go
-// straight from source to destination and only the leftover rows and
-// columns take the staging tile.  Rows that share a few sets (a multiple of
-// 512 bytes apart, 4 KiB above all) cannot keep sixteen source or
-// destination lines open at once, so their blocks go through the staging
-// tile, which reads and writes whole rows.  Streaming stores end with a
-// store fence, so that the writes are ordered before anything that
+// straight from source to destination, their source rows whole cache
+// lines where the rows allow it; the columns left and right of them and
+// the rows below take the staging tile.  Rows that share a few sets (a
+// multiple of 512 bytes apart, 4 KiB above all) cannot keep sixteen source
+// or destination lines open at once, so their blocks go through the
+// staging tile, which reads and writes whole rows.  Streaming stores end
+// with a store fence, so that the writes are ordered before anything that
 // follows.
 void block(const float* src, int32_t ss1, float* dst, int32_t ds1, int32_t w, int32_t rows, bool stream)
 {
     if (!stream && ss1 % 512 != 0 && ds1 % 512 != 0) {
-        const int32_t w16 = w / 16 * 16, r16 = rows / 16 * 16;
-        tiles16(src, ss1, dst, ds1, w16, r16);
-        if (r16 < rows) tiled(offset(src, mul32(r16, ss1)), ss1, dst + r16, ds1, 0, w16, rows - r16, false);
-        tiled(src, ss1, dst, ds1, w16, w, rows, false);
+        const int32_t i0 = std::min(w, toLine(src, ss1));
+        const int32_t w16 = (w - i0) / 16 * 16, r16 = rows / 16 * 16;
+        tiled(src, ss1, dst, ds1, 0, i0, r16, false);
+        tiles16(src + i0, ss1, offset(dst, mul32(i0, ds1)), ds1, w16, r16);
+        tiled(src, ss1, dst, ds1, i0 + w16, w, r16, false);
+        tiled(offset(src, mul32(r16, ss1)), ss1, dst + r16, ds1, 0, w, rows - r16, false);
         return;
     }
     tiled(src, ss1, dst, ds1, 0, w, rows, stream);
