@@ -63,8 +63,8 @@ void Transpose1024_kelm(benchmark::State& state)
 }
 BENCHMARK(Transpose1024_kelm)->Unit(benchmark::kMicrosecond);
 
-// Rows padded to 1040 elements: the source rows no longer share the sets of
-// the first-level cache, and the strips run straight from the source.
+// Rows padded to 1040 elements: the rows no longer share the sets of the
+// first-level cache, and the 16 x 16 tiles go straight from the source.
 void Transpose1024Padded_kelm(benchmark::State& state)
 {
     const int ld = kLarge + 16;
