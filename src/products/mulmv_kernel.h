@@ -155,6 +155,18 @@ void columnsImpl(std::integer_sequence<int, K...>, int32_t count, const A& a, co
     }
 }
 
+// One result element of the straight-line paths: the products of row
+// element k (`row(k)`) and vector element k in ascending k, the first one
+// added to zero when the member starts from zero.
+template <int N, bool FromZero, class T, class RowAt>
+inline T rowSum(RowAt row, const T (&xs)[N])
+{
+    T s = row(0) * xs[0];
+    if constexpr (FromZero) s = T(0) + s;
+    for (int k = 1; k < N; ++k) s = s + row(k) * xs[k];
+    return s;
+}
+
 // Rows path: an array of matrices as stored, one straight-line scalar sum per
 // row; a single vector is read once.
 template <class T, int N, bool FromZero, class A, class X, class Y, class D>
@@ -175,9 +187,7 @@ void rowsFixed(int32_t count, const A& a, const X& x, const Y& yv, const D& d)
         T out[N];
         for (int r = 0; r < N; ++r) {
             const T* row = wa[n].row(r);
-            T s = load<T>(row) * xs[0];
-            if constexpr (FromZero) s = T(0) + s;
-            for (int k = 1; k < N; ++k) s = s + load<T>(row + k) * xs[k];
+            T s = rowSum<N, FromZero>([row](int k) { return load<T>(row + k); }, xs);
             if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
             out[r] = s;
         }
@@ -252,9 +262,7 @@ void gathered(int32_t count, const A& av, const X& xv, const Y& yv, const D& dv)
         if constexpr (X::array) loadX(n);
         T out[N];
         for (int r = 0; r < N; ++r) {
-            T s = m[r][0] * xs[0];
-            if constexpr (FromZero) s = T(0) + s;
-            for (int k = 1; k < N; ++k) s = s + m[r][k] * xs[k];
+            T s = rowSum<N, FromZero>([&m, r](int k) { return m[r][k]; }, xs);
             if constexpr (!kNoAddend<Y>) s = s + y.get(n, 0, r);
             out[r] = s;
         }
