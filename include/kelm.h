@@ -315,6 +315,44 @@ KELM_API KelStatus kelmSub_vava_64f(const Kel64f* src1, int src1Stride0, int src
 KELM_API KelStatus kelmSub_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
 KELM_API KelStatus kelmSub_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
 
+/* ---- CholeskyBackSubst (choleskybacksubst) ---- */
+/* CholeskyBackSubst: solves A x = b from the factor that CholeskyDecomp */
+/* wrote (reciprocals on its diagonal): one system (mv), one factor with */
+/* many right-hand sides (mva), or one factor per right-hand side (mava). */
+/* Never fails after the argument checks. */
+KELM_API KelStatus kelmCholeskyBackSubst_mv_32f(const Kel32f* src, int srcStride1, int srcStride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride2, int size);
+KELM_API KelStatus kelmCholeskyBackSubst_mv_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmCholeskyBackSubst_mv_64f(const Kel64f* src, int srcStride1, int srcStride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride2, int size);
+KELM_API KelStatus kelmCholeskyBackSubst_mv_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmCholeskyBackSubst_mva_32f(const Kel32f* src, int srcStride1, int srcStride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mva_32f_L(const Kel32f* src, int srcStride1, int srcStride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mva_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mva_64f(const Kel64f* src, int srcStride1, int srcStride2, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mva_64f_L(const Kel64f* src, int srcStride1, int srcStride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mva_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mava_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mava_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mava_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mava_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mava_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyBackSubst_mava_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+
+/* ---- CholeskyDecomp (choleskydecomp) ---- */
+/* CholeskyDecomp: the lower factor L of a symmetric positive definite */
+/* matrix, with 1/L(i,i) stored on the diagonal.  Only the lower triangle of */
+/* src is read and of dst written.  Returns kelStsNotPositiveDefinite when a */
+/* diagonal step is not above the kernel's tolerance. */
+KELM_API KelStatus kelmCholeskyDecomp_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dst, int dstStride1, int dstStride2, int size);
+KELM_API KelStatus kelmCholeskyDecomp_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmCholeskyDecomp_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dst, int dstStride1, int dstStride2, int size);
+KELM_API KelStatus kelmCholeskyDecomp_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmCholeskyDecomp_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyDecomp_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyDecomp_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmCholeskyDecomp_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmCholeskyDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+
 /* ---- LUBackSubst (lubacksubst) ---- */
 /* LUBackSubst: solves A x = b from the factors and pivot table that */
 /* LUDecomp wrote: one system (mv), one factored matrix with many right-hand */
@@ -352,6 +390,43 @@ KELM_API KelStatus kelmLUDecomp_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiS
 KELM_API KelStatus kelmLUDecomp_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int* pivotIndex, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
 KELM_API KelStatus kelmLUDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
 KELM_API KelStatus kelmLUDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int* pivotIndex, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+
+/* ---- QRBackSubst (qrbacksubst) ---- */
+/* QRBackSubst: applies the reflectors that QRDecomp stored to b and solves */
+/* with R: the least-squares solution for a tall matrix.  pBuffer holds */
+/* `height` elements of scratch.  Never fails after the argument checks. */
+KELM_API KelStatus kelmQRBackSubst_mv_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride2, int width, int height);
+KELM_API KelStatus kelmQRBackSubst_mv_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* pBuffer, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmQRBackSubst_mv_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride2, int width, int height);
+KELM_API KelStatus kelmQRBackSubst_mv_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* pBuffer, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmQRBackSubst_mva_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mva_32f_L(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mva_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* pBuffer, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mva_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mva_64f_L(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mva_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* pBuffer, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mava_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* pBuffer, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mava_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* pBuffer, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mava_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* pBuffer, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mava_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* pBuffer, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mava_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* pBuffer, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRBackSubst_mava_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* pBuffer, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+
+/* ---- QRDecomp (qrdecomp) ---- */
+/* QRDecomp: Householder reduction of a matrix with at least as many rows */
+/* as columns.  dst holds R on and above the diagonal and each reflector's */
+/* tail below it; pBuffer holds `height` elements of scratch.  Returns */
+/* kelStsDivideByZero when a column's squared norm is below the tolerance. */
+KELM_API KelStatus kelmQRDecomp_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmQRDecomp_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmQRDecomp_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dst, int dstStride1, int dstStride2, int width, int height);
+KELM_API KelStatus kelmQRDecomp_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int width, int height);
+KELM_API KelStatus kelmQRDecomp_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRDecomp_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRDecomp_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
+KELM_API KelStatus kelmQRDecomp_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
+KELM_API KelStatus kelmQRDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
 
 /* ---- Copy (copy) ---- */
 /* Copy: the objects of an array from one description into another.  The */

@@ -327,6 +327,32 @@ TEST(Driver, SerializedRegionComputesTheSame)
     }
 }
 
+// A family may give the driver a second kernel for a team's slices: the
+// double-precision strided Cholesky kernel of an S array refuses 1e-20 on an
+// order-6 diagonal when one call computes the whole array (below the limit,
+// or in the driver's fallback for one thread or too few objects), and
+// accepts it on a team's slices.
+TEST(Driver, TeamKernelOnlyOnTeamSlices)
+{
+    const Member& m = member("kelmCholeskyDecomp_ma_64f");
+    struct Run {
+        int count, threads;
+        KelStatus status;
+    };
+    for (auto r : {Run{2, 2, kelStsNotPositiveDefinite}, Run{60, 1, kelStsNotPositiveDefinite},
+                   Run{60, 61, kelStsNotPositiveDefinite}, Run{60, 2, kelStsNoErr}, Run{60, 7, kelStsNoErr}}) {
+        Case s;
+        for (uint32_t seed = 1; s.m == nullptr || s.ops[0].args.s2 == 8; ++seed)
+            s = makeCase(m, {{"size", 6}, {"count", r.count}}, Layout{Form::Strided}, seed);
+        for (int i = 0; i < 6; ++i)
+            for (int j = 0; j <= i; ++j) s.ops[0].set(r.count - 1, i, j, i != j ? 0.0 : i == 5 ? 1e-20 : 1.0);
+        forceThreads(r.threads);
+        resetThreadQueries();
+        EXPECT_EQ(s.run(), r.status) << r.count << " objects, " << r.threads << " threads";
+        forceThreads(0);
+    }
+}
+
 // ---- version ---------------------------------------------------------------------
 
 TEST(Version, RecordOfThisBuild)

@@ -154,14 +154,54 @@ struct DriverInfo {
     bool reportsStatus = false;    // kernels can fail: status leaves the team
 };
 
+// A kernel with a twin for the slices of a forked team.  Most families
+// pass one kernel, which serves both roles; a family whose serial kernel
+// refuses what its team's kernel accepts passes both with teamKernel().
+// The serial one runs wherever the whole array is computed by one call:
+// below the limit, and in the driver's fallback.
+template <class Serial, class Team>
+struct KernelPair {
+    Serial serial;
+    Team team;
+};
+template <class Serial, class Team>
+inline KernelPair<Serial, Team> teamKernel(const Serial& serial, const Team& team)
+{
+    return {serial, team};
+}
+
+namespace detail {
+template <class K>
+inline const K& serialOf(const K& k)
+{
+    return k;
+}
+template <class S, class T>
+inline const S& serialOf(const KernelPair<S, T>& k)
+{
+    return k.serial;
+}
+template <class K>
+inline const K& teamOf(const K& k)
+{
+    return k;
+}
+template <class S, class T>
+inline const T& teamOf(const KernelPair<S, T>& k)
+{
+    return k.team;
+}
+}  // namespace detail
+
 // Parallel driver: asks for a thread count, and either runs the kernel on
 // the whole array or forks a team in which each thread runs it on one
 // contiguous block of objects.
 template <class Kernel, class... V>
-KelStatus drive(const DriverInfo& info, const Kernel& kern, int32_t count, const V&... v)
+KelStatus drive(const DriverInfo& info, const Kernel& kernels, int32_t count, const V&... v)
 {
+    const auto& kern = detail::teamOf(kernels);
     const int t = ownGetNumThreads();
-    if (t < 2 || count < t) return kern(count, info.callerScratch, v...);
+    if (t < 2 || count < t) return detail::serialOf(kernels)(count, info.callerScratch, v...);
 
     void* scratch = info.scratchBytes ? teamScratchAlloc(info.scratchBytes * static_cast<std::size_t>(t)) : nullptr;
     KelStatus shared = kelStsNoErr;
@@ -195,9 +235,10 @@ template <class Kernel, class... V>
 KelStatus dispatch(const Traits& tr, const Sizes& s, const DriverInfo& info, const Kernel& kern, const V&... v)
 {
     // Single objects (count stays 1) and families without a driver.
-    if (tr.estimate == nullptr) return kern(s.C, info.callerScratch, v...);
+    const auto& serial = detail::serialOf(kern);
+    if (tr.estimate == nullptr) return serial(s.C, info.callerScratch, v...);
     const int32_t limit = allPacked(v...) ? tr.limitPacked : tr.limitStrided;
-    if (limit == kSerialOnly || tr.estimate(s) < limit) return kern(s.C, info.callerScratch, v...);
+    if (limit == kSerialOnly || tr.estimate(s) < limit) return serial(s.C, info.callerScratch, v...);
     return drive(info, kern, s.C, v...);
 }
 

@@ -222,4 +222,17 @@ inline Row<Isa, T, W> operator*(const Row<Isa, T, W>& r, Pack<Isa, T> s)
     return out;
 }
 
+// ---- Inverse square root -------------------------------------------------------
+
+// 1 / sqrt(s) in single precision without a square root or a division: the
+// processor's estimate (good to 12 bits), then one Newton step written as
+// (y0 * (s * y0 * y0 - 3)) * -0.5.  Estimates differ between processors, so
+// anything that must match a kernel's bits calls this same function.
+inline float rsqrtEstimate(float s) { return _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(s))); }
+inline float rsqrtRefined(float s)
+{
+    const float y0 = rsqrtEstimate(s);
+    return (y0 * (s * y0 * y0 - 3.0f)) * -0.5f;
+}
+
 }  // namespace kel::simd

@@ -1,0 +1,144 @@
+// CholeskyDecomp: A = L L^T for a symmetric positive definite A.
+//
+// The factor is stored with the reciprocal of each diagonal element,
+// d[i] = 1 / L(i,i), so that later rows and the solve multiply instead of
+// dividing.  Only the lower triangle of src is read and only that of dst
+// written, each element read before its own place is written: dst may be
+// src.
+//
+// Rows are factored in order.  Each off-diagonal element is stored as soon
+// as it is known; the diagonal is stored only once its step has passed the
+// tolerance.  A refused row i therefore leaves rows 0 to i-1 complete, the
+// off-diagonals of row i written and everything from its diagonal on as it
+// was.  Orders 3 to 6 hold the factor in locals as well (straight-line code
+// from one template per order); every other order reads it back from dst.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <type_traits>
+
+#include "frame/cursor.h"
+#include "frame/frame.h"
+#include "frame/simd.h"
+#include "frame/view.h"
+
+namespace kel::factor {
+
+// 1 / sqrt(s): a true square root and division in double, the refined
+// estimate in single precision.
+inline double invSqrt(double s) { return 1.0 / std::sqrt(s); }
+inline float invSqrt(float s) { return simd::rsqrtRefined(s); }
+
+// The tolerance of a diagonal step by order: s at or below it is refused
+// (a NaN never is).  Order 3 has its own value, orders 4 and 5 none, and
+// order 6 shares its value with the general loop.
+struct CholTolerances {
+    double at3 = 0.0;
+    double at6AndLoop = 0.0;
+    double of(int32_t n) const { return n == 3 ? at3 : (n == 4 || n == 5) ? 0.0 : at6AndLoop; }
+};
+
+// Tolerances by description and path.  P kernels refuse small diagonals at
+// order 3 in both types.  The double-precision strided kernel of an S array,
+// when it computes the whole array alone, also refuses at order 6 and in
+// the general loop; the same kernel on a team's slice, like every other
+// kernel, refuses only what is not positive.
+template <class T, class S>
+inline CholTolerances cholTolerances(bool packed, bool team)
+{
+    CholTolerances t;
+    if constexpr (S::desc == Desc::P) t.at3 = 0x1p-23;
+    if constexpr (S::desc == Desc::S && S::array && std::is_same_v<T, double>)
+        if (!packed && !team) t.at6AndLoop = 0x1p-52;
+    return t;
+}
+
+// Factors one matrix of order N (N > 0, straight-line) or n (N == 0).
+template <int N, class T, class A, class L>
+inline KelStatus cholFactor(int32_t n, T tol, const A& a, const L& l)
+{
+    constexpr bool fixed = N > 0;
+    const int32_t size = fixed ? N : n;
+    T f[fixed ? N : 1][fixed ? N : 1];
+    auto get = [&](int32_t i, int32_t k) -> T {
+        if constexpr (fixed) return f[i][k];
+        else return l.get(i, k);
+    };
+    auto set = [&](int32_t i, int32_t k, T v) {
+        if constexpr (fixed) f[i][k] = v;
+        l.put(i, k, v);
+    };
+#pragma GCC unroll 8
+    for (int32_t i = 0; i < size; ++i) {
+#pragma GCC unroll 8
+        for (int32_t j = 0; j < i; ++j) {
+            T s = a.get(i, j);
+#pragma GCC unroll 8
+            for (int32_t k = 0; k < j; ++k) s = s - get(i, k) * get(j, k);
+            set(i, j, s * get(j, j));
+        }
+        T s = a.get(i, i);
+#pragma GCC unroll 8
+        for (int32_t k = 0; k < i; ++k) s = s - get(i, k) * get(i, k);
+        if (s <= tol) return kelStsNotPositiveDefinite;
+        set(i, i, invSqrt(s));
+    }
+    return kelStsNoErr;
+}
+
+// The serial kernel of every member: objects in order, stopping at the
+// first one that is refused.
+struct CholDecompKernel {
+    int32_t n;
+    CholTolerances tol;
+
+    template <int N, Path W, class S, class D>
+    KelStatus objects(int32_t count, const S& src, const D& dst) const
+    {
+        using T = typename D::Elem;
+        const T t = static_cast<T>(tol.of(n));
+        const Walk<W, S> a(src);
+        const Walk<W, D> l(dst);
+        for (int32_t k = 0; k < count; ++k)
+            if (KelStatus st = cholFactor<N, T>(n, t, a[k], l[k])) return st;
+        return kelStsNoErr;
+    }
+
+    template <Path W, class S, class D>
+    KelStatus bySize(int32_t count, const S& src, const D& dst) const
+    {
+        switch (n) {
+        case 3: return objects<3, W>(count, src, dst);
+        case 4: return objects<4, W>(count, src, dst);
+        case 5: return objects<5, W>(count, src, dst);
+        case 6: return objects<6, W>(count, src, dst);
+        default: return objects<0, W>(count, src, dst);
+        }
+    }
+
+    template <class S, class D>
+    KelStatus operator()(int32_t count, void*, const S& src, const D& dst) const
+    {
+        if constexpr (S::desc == Desc::P) return bySize<Path::Table>(count, src, dst);
+        else if (pathOf(src, dst) == Path::Rows) return bySize<Path::Rows>(count, src, dst);
+        else return bySize<Path::Strided>(count, src, dst);
+    }
+};
+
+// Front end: source, then result.
+template <class S, class D>
+KelStatus choleskyDecomp(const Traits& tr, const Sizes& s, S src, D dst)
+{
+    using T = typename D::Elem;
+    src.setStoredWidth(s.N);
+    dst.setStoredWidth(s.N);
+    DriverInfo info;
+    info.reportsStatus = true;
+    const bool packed = allPacked(src, dst);
+    const CholDecompKernel serial{s.N, cholTolerances<T, S>(packed, false)};
+    const CholDecompKernel team{s.N, cholTolerances<T, S>(packed, true)};
+    return kel::run(tr, s, noMismatch, info, teamKernel(serial, team), src, dst);
+}
+
+}  // namespace kel::factor

@@ -1,0 +1,174 @@
+// QRBackSubst: x minimising |A x - b| from the reflectors and R that
+// QRDecomp left in its dst.
+//
+// Each stored reflector k (tail v below the diagonal, v[k] = 1) is applied
+// to z, a copy of b: d = z . v and q = v . v in one pass, then
+// z += v * ((-2 / q) * d).  R's triangle is then solved from the last row
+// up, dividing by its diagonal.  Rows of z past `width` (the residual) are
+// dropped.  A zero on R's diagonal gives infinities or NaN, with no status.
+//
+// Square matrices of order 3 to 6 run straight-line code with z in locals
+// and leave the scratch alone; one matrix against many vectors (mva) reads
+// the matrix and computes its -2 / q once.  Every other shape keeps z in the
+// scratch.
+#pragma once
+
+#include <cstdint>
+
+#include "factor/qrdecomp.h"
+#include "frame/cursor.h"
+#include "frame/frame.h"
+#include "frame/view.h"
+
+namespace kel::factor {
+
+// R's triangle: x[i] = (z[i] - sum over j > i of a(i, j) x[j]) / a(i, i),
+// the sum from j = i+1 up.  z(i) and a(i, j) are accessors; x is a cursor
+// (read back for the sums).
+template <class T, class Z, class A, class X>
+inline void qrTriangle(int32_t w, const Z& z, const A& a, const X& x)
+{
+    x.put(0, w - 1, z(w - 1) / a(w - 1, w - 1));
+    for (int32_t i = w - 2; i >= 0; --i) {
+        T u = T(0);
+        for (int32_t j = i + 1; j < w; ++j) u = u + a(i, j) * x.get(0, j);
+        x.put(0, i, (z(i) - u) / a(i, i));
+    }
+}
+
+// Any shape: z is `h` elements of scratch, at any byte address.
+template <class T, class M, class B, class X>
+inline void qrSolveLoop(int32_t w, int32_t h, const M& m, const B& b, const X& x, T* z)
+{
+    for (int32_t i = 0; i < h; ++i) store<T>(z + i, b.get(0, i));
+    const int32_t s = qrReflections(w, h);
+    for (int32_t k = 0; k < s; ++k) {
+        T d = load<T>(z + k), q = T(1);
+        for (int32_t i = k + 1; i < h; ++i) {
+            const T v = m.get(i, k);
+            d = d + load<T>(z + i) * v;
+            q = q + v * v;
+        }
+        const T t = (T(-2) / q) * d;
+        store<T>(z + k, load<T>(z + k) + t);
+        for (int32_t i = k + 1; i < h; ++i) store<T>(z + i, load<T>(z + i) + m.get(i, k) * t);
+    }
+    qrTriangle<T>(
+        w, [&](int32_t i) { return load<T>(z + i); }, [&](int32_t i, int32_t j) { return m.get(i, j); }, x);
+}
+
+// A square matrix of order N in locals, with -2 / q of each reflector.
+template <int N, class T>
+struct QrSquare {
+    T a[N][N];
+    T scale[N - 1];
+
+    template <class C>
+    explicit QrSquare(const C& c)
+    {
+#pragma GCC unroll 8
+        for (int i = 0; i < N; ++i)
+#pragma GCC unroll 8
+            for (int j = 0; j < N; ++j) a[i][j] = c.get(i, j);
+#pragma GCC unroll 8
+        for (int k = 0; k < N - 1; ++k) {
+            T q = T(1);
+#pragma GCC unroll 8
+            for (int i = k + 1; i < N; ++i) q = q + a[i][k] * a[i][k];
+            scale[k] = T(-2) / q;
+        }
+    }
+
+    template <class B, class X>
+    void solve(const B& b, const X& x) const
+    {
+        T z[N];
+#pragma GCC unroll 8
+        for (int i = 0; i < N; ++i) z[i] = b.get(0, i);
+#pragma GCC unroll 8
+        for (int k = 0; k < N - 1; ++k) {
+            T d = z[k];
+#pragma GCC unroll 8
+            for (int i = k + 1; i < N; ++i) d = d + z[i] * a[i][k];
+            const T t = scale[k] * d;
+            z[k] = z[k] + t;
+#pragma GCC unroll 8
+            for (int i = k + 1; i < N; ++i) z[i] = z[i] + a[i][k] * t;
+        }
+        T r[N];
+        r[N - 1] = z[N - 1] / a[N - 1][N - 1];
+#pragma GCC unroll 8
+        for (int i = N - 2; i >= 0; --i) {
+            T u = T(0);
+#pragma GCC unroll 8
+            for (int j = i + 1; j < N; ++j) u = u + a[i][j] * r[j];
+            r[i] = (z[i] - u) / a[i][i];
+        }
+#pragma GCC unroll 8
+        for (int i = 0; i < N; ++i) x.put(0, i, r[i]);
+    }
+};
+
+// The serial kernel of every member.  The matrix is an array (mava) or one
+// matrix shared by all vectors (mv, mva).
+struct QrSolveKernel {
+    int32_t w, h;
+
+    template <int N, Path W, class M, class B, class X>
+    static void square(int32_t count, const M& src, const B& src2, const X& dst)
+    {
+        using T = typename X::Elem;
+        const Walk<W, M> ms(src);
+        const Walk<W, B> bs(src2);
+        const Walk<W, X> xs(dst);
+        if constexpr (!M::array) {
+            const QrSquare<N, T> a(ms.first());
+            for (int32_t k = 0; k < count; ++k) a.solve(bs[k], xs[k]);
+        } else {
+            for (int32_t k = 0; k < count; ++k) QrSquare<N, T>(ms[k]).solve(bs[k], xs[k]);
+        }
+    }
+
+    template <Path W, class M, class B, class X>
+    void byShape(int32_t count, const M& src, const B& src2, const X& dst, void* scratch) const
+    {
+        using T = typename X::Elem;
+        if (w == h) switch (w) {
+            case 3: return square<3, W>(count, src, src2, dst);
+            case 4: return square<4, W>(count, src, src2, dst);
+            case 5: return square<5, W>(count, src, src2, dst);
+            case 6: return square<6, W>(count, src, src2, dst);
+            default: break;
+            }
+        const Walk<W, M> ms(src);
+        const Walk<W, B> bs(src2);
+        const Walk<W, X> xs(dst);
+        for (int32_t k = 0; k < count; ++k)
+            qrSolveLoop<T>(w, h, ms[M::array ? k : 0], bs[k], xs[k], static_cast<T*>(scratch));
+    }
+
+    template <class M, class B, class P, class X>
+    KelStatus operator()(int32_t count, void* scratch, const M& src, const B& src2, const P&, const X& dst) const
+    {
+        if constexpr (M::desc == Desc::P) byShape<Path::Table>(count, src, src2, dst, scratch);
+        else if (pathOf(src, src2, dst) == Path::Rows) byShape<Path::Rows>(count, src, src2, dst, scratch);
+        else byShape<Path::Strided>(count, src, src2, dst, scratch);
+        return kelStsNoErr;
+    }
+};
+
+// Front end: matrix, right-hand side, the caller's scratch, result.
+template <class M, class B, class T, class X>
+KelStatus qrBackSubst(const Traits& tr, const Sizes& s, M src, B src2, Plain<T> buf, X dst)
+{
+    src.setStoredWidth(s.W);
+    src2.setStoredWidth(s.H);
+    dst.setStoredWidth(s.W);
+    DriverInfo info;
+    info.scratchBytes = static_cast<std::size_t>(s.H) * sizeof(T);
+    info.callerScratch = buf.ptr;
+    return kel::run(
+        tr, s, [&] { return s.W > s.H; }, info, QrSolveKernel{s.W, s.H}, src, src2, buf, dst);
+}
+
+}  // namespace kel::factor
