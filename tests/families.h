@@ -98,6 +98,23 @@ private:
     std::vector<std::pair<int, size_t>> pinned_;
 };
 
+// f(T{}) with T the member's element type.
+template <class F>
+auto byElem(const Member& m, const F& f)
+{
+    return m.elem == 4 ? f(float{}) : f(double{});
+}
+
+// Object `obj` of a matrix or vector operand, row-major.
+template <class T>
+std::vector<T> objectOf(const Operand& op, int obj)
+{
+    std::vector<T> a;
+    for (int r = 0; r < op.rows; ++r)
+        for (int c = 0; c < op.cols; ++c) a.push_back(T(op.get(obj, r, c)));
+    return a;
+}
+
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
 
