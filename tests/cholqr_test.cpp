@@ -287,17 +287,6 @@ KT_FAMILY("QRBackSubst", FamilyHooks{factorShape, qrSizes, qrMismatch, fillFacto
 
 // ---- expected results ---------------------------------------------------------------
 
-using Blocks = std::vector<std::pair<int, int>>;  // (first object, objects)
-
-Blocks teamBlocks(int count, int t)
-{
-    Blocks b;
-    const int q = count / t, r = count % t;
-    for (int k = 0; k < t; ++k)
-        b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
-    return b;
-}
-
 // A decomposition run as the given blocks (one block: serial), each block
 // stopping at its first refused object.
 void checkDecomp(const Case& s, const Blocks& blocks)

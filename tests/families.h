@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "harness.h"
@@ -113,6 +114,18 @@ std::vector<T> objectOf(const Operand& op, int obj)
     for (int r = 0; r < op.rows; ++r)
         for (int c = 0; c < op.cols; ++c) a.push_back(T(op.get(obj, r, c)));
     return a;
+}
+
+// Contiguous runs of objects (first object, objects): the blocks that the
+// threads of a team of t compute, in thread order.
+using Blocks = std::vector<std::pair<int, int>>;
+inline Blocks teamBlocks(int count, int t)
+{
+    Blocks b;
+    const int q = count / t, r = count % t;
+    for (int k = 0; k < t; ++k)
+        b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
+    return b;
 }
 
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.

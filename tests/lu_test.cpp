@@ -195,19 +195,8 @@ KT_FAMILY("LUBackSubst", FamilyHooks{luShape, {}, {}, fillSolve});
 
 // ---- expected results ------------------------------------------------------------------
 
-using Blocks = std::vector<std::pair<int, int>>;  // (first object, objects)
-
 Blocks serial(const Case& s) { return {{0, s.ops[dstGroup(*s.m)].objects}}; }
 
-// The blocks a team of t threads computes.
-Blocks teamBlocks(int count, int t)
-{
-    Blocks b;
-    const int q = count / t, r = count % t;
-    for (int k = 0; k < t; ++k)
-        b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
-    return b;
-}
 
 // A factorisation run as the given serial blocks: each block stops at its
 // first refused object.
