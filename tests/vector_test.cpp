@@ -272,7 +272,7 @@ std::vector<Sizes> sizeGrid(const Member& m)
         for (int w = 1; w <= 9; ++w)
             for (int h = 1; h <= 9; ++h) shapes.push_back({{"width", w}, {"height", h}});
         shapes.push_back({{"width", 17}, {"height", 2}});
-        return withCounts(m, shapes, {1, 3});
+        return withCounts(m, shapes, {1, 5});
     }
     if (m.family == "Trace") {
         for (int w : {1, 2, 3, 4, 5, 6, 7, 8, 9, 12}) shapes.push_back({{"width", w}});

@@ -267,6 +267,20 @@ inline Pack<Scalar, T> sqrt(const Pack<Scalar, T>& p)
     return r;
 }
 
+// Lanes of a pack in another order: lane k of the result is lane ik of p.
+template <int i0, int i1, int i2, int i3>
+inline Pack<Sse, float> permute(Pack<Sse, float> p)
+{
+    return {_mm_shuffle_ps(p.v, p.v, _MM_SHUFFLE(i3, i2, i1, i0))};
+}
+template <int i0, int i1, int i2, int i3>
+inline Pack<Scalar, float> permute(const Pack<Scalar, float>& p)
+{
+    Pack<Scalar, float> r;
+    r.v[0] = p.v[i0], r.v[1] = p.v[i1], r.v[2] = p.v[i2], r.v[3] = p.v[i3];
+    return r;
+}
+
 // Four rows of four floats turned into four columns: afterwards lane i of
 // r[j] holds what lane j of r[i] held.  Lanes across objects: load one
 // object per pack, transpose, and each pack holds one element of all four.

@@ -8,9 +8,11 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/simd.h"
 #include "frame/view.h"
 #include "vector/sums.h"
 
@@ -36,7 +38,15 @@ struct CrossKernel {
             const auto y = wb[n];
             const auto z = wd[n];
             auto component = [&](int i, int j) { return x.get(0, i) * y.get(0, j) - x.get(0, j) * y.get(0, i); };
-            if constexpr (W == Path::Rows) {
+            if constexpr (W == Path::Rows && std::is_same<T, float>::value) {
+                // t = a * b(1,2,0) - a(1,2,0) * b holds (dst2, dst0, dst1):
+                // the same products and differences, rotated once more.
+                using P = simd::Pack<simd::Sse, float>;
+                using R = simd::Row<simd::Sse, float, 3>;
+                const P u = R::load(x.row(0)).p[0], v = R::load(y.row(0)).p[0];
+                const P t = u * simd::permute<1, 2, 0, 3>(v) - simd::permute<1, 2, 0, 3>(u) * v;
+                simd::permute<1, 2, 0, 3>(t).storePart(z.row(0), 3);
+            } else if constexpr (W == Path::Rows) {
                 const T a0 = x.get(0, 0), a1 = x.get(0, 1), a2 = x.get(0, 2);
                 const T b0 = y.get(0, 0), b1 = y.get(0, 1), b2 = y.get(0, 2);
                 const T r0 = a1 * b2 - a2 * b1, r1 = a2 * b0 - a0 * b2, r2 = a0 * b1 - a1 * b0;
