@@ -8,7 +8,8 @@
 // whose dst bytes overlap a source's is computed element by element in
 // ascending order, each element stored before the next is read.  Packed
 // vectors are otherwise read and written four floats (two doubles) at a
-// time, the last partial group touching exactly the remaining elements.
+// time, the last partial group touching exactly the remaining elements;
+// lengths 3 to 6 in straight-line code.
 #pragma once
 
 #include <cstdint>
@@ -84,6 +85,17 @@ struct CombineKernel {
         return kelStsNoErr;
     }
 
+    // Packed vectors of N elements (3 to 6) in straight-line code.
+    template <int N, class WA, class WB, class WD>
+    void fixedRows(int32_t count, const WA& wa, const WB& wb, const WD& wd) const
+    {
+        using R = simd::Row<Isa, T, N>;
+        const Op f = op;
+        for (int32_t k = 0; k < count; ++k)
+            zip(R::load(wa[k].row(0)), R::load(wb[k].row(0)), [&](auto x, auto y) { return f(x, y); })
+                .store(wd[k].row(0));
+    }
+
     template <Path W, class A, class B, class D>
     void run(int32_t count, const A& a, const B& b, const D& d) const
     {
@@ -92,6 +104,15 @@ struct CombineKernel {
         const Walk<W, D> wd(d);
         const Op f = op;
         const int32_t n = len;
+        if constexpr (W == Path::Rows) {
+            switch (n) {
+            case 3: return fixedRows<3>(count, wa, wb, wd);
+            case 4: return fixedRows<4>(count, wa, wb, wd);
+            case 5: return fixedRows<5>(count, wa, wb, wd);
+            case 6: return fixedRows<6>(count, wa, wb, wd);
+            default: break;
+            }
+        }
         for (int32_t k = 0; k < count; ++k) {
             const auto x = wa[k];
             const auto y = wb[k];
