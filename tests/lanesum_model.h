@@ -5,7 +5,10 @@
 // ascending order.  `address` is where b lies.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <random>
+#include <vector>
 
 namespace kt {
 
@@ -30,6 +33,16 @@ inline float laneSumModel(const float* a, const float* b, int K, uintptr_t addre
     float total = (s[0] + s[1]) + (s[2] + s[3]);
     for (int k = end; k < K; ++k) total += a[k] * b[k];
     return total;
+}
+
+// Values with a wide spread of magnitudes, so that the order of summation shows.
+inline std::vector<float> spreadValues(std::mt19937& rng, int n)
+{
+    std::uniform_real_distribution<float> mant(-1.0f, 1.0f);
+    std::uniform_int_distribution<int> ex(-12, 12);
+    std::vector<float> v(n);
+    for (auto& x : v) x = std::ldexp(mant(rng), ex(rng));
+    return v;
 }
 
 }  // namespace kt

@@ -265,15 +265,6 @@ TEST(MatVecTable, SignOfZeroByHand)
 
 // ---- Mul_mva_32f: rounding that depends on where the vector lies ----------------------------
 
-// Values with a wide spread of magnitudes, so that the order of summation shows.
-std::vector<float> spreadValues(std::mt19937& rng, int n)
-{
-    std::uniform_real_distribution<float> mant(-1.0f, 1.0f);
-    std::uniform_int_distribution<int> ex(-12, 12);
-    std::vector<float> v(n);
-    for (auto& x : v) x = std::ldexp(mant(rng), ex(rng));
-    return v;
-}
 
 // One 64-byte aligned buffer per call; the vector starts `shift` bytes in.
 // The lane sums follow the vector's address; a vector off a 4-byte boundary,

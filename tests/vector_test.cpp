@@ -321,14 +321,6 @@ INSTANTIATE_TEST_SUITE_P(All, Vector, ::testing::ValuesIn(memberNames(kFamilies)
 
 // ---- addresses ---------------------------------------------------------------------------
 
-std::vector<float> spreadValues(std::mt19937& rng, int n)
-{
-    std::uniform_real_distribution<float> mant(-1.0f, 1.0f);
-    std::uniform_int_distribution<int> ex(-12, 12);
-    std::vector<float> v(n);
-    for (auto& x : v) x = std::ldexp(mant(rng), ex(rng));
-    return v;
-}
 
 // The lane sums follow the second vector's (the norm's vector's) address: at
 // +0, 4, 8, 12 bytes from a 16-byte boundary, and off a 4-byte boundary

@@ -41,25 +41,20 @@ struct DotKernel {
         return kelStsNoErr;
     }
 
-    // Packed float arrays of 3 or 4 elements, four objects at a time: the
-    // products of each object in one pack, transposed so that each lane
-    // holds one object, then added in ascending order.  Returns the objects
-    // done.
+    // Packed float arrays of 3 or 4 elements, four objects in lanes: each
+    // object's products added in ascending order.
     template <int N, class WA, class WB>
-    static int32_t fourInLanes(int32_t count, const WA& wa, const WB& wb, const Dense<float>& d)
+    static int32_t four(int32_t count, const WA& wa, const WB& wb, const Dense<float>& d)
     {
         using R = simd::Row<simd::Sse, float, N>;
-        int32_t n = 0;
-        for (; n + 4 <= count; n += 4) {
-            simd::Pack<simd::Sse, float> t[4];
-            for (int o = 0; o < 4; ++o) t[o] = R::load(wa[n + o].row(0)).p[0] * R::load(wb[n + o].row(0)).p[0];
-            simd::transpose4(t);
-            auto s = t[0] + t[1];
-            s = s + t[2];
-            if constexpr (N == 4) s = s + t[3];
-            s.store(d.at(n));
-        }
-        return n;
+        return fourInLanes(
+            count, d, [&](int32_t n) { return R::load(wa[n].row(0)).p[0] * R::load(wb[n].row(0)).p[0]; },
+            [](int32_t, const auto& t) {
+                auto s = t[0] + t[1];
+                s = s + t[2];
+                if constexpr (N == 4) s = s + t[3];
+                return s;
+            });
     }
 
     template <Path W, class A, class B>
@@ -72,8 +67,8 @@ struct DotKernel {
         const int32_t n = len;
         int32_t k = 0;
         if constexpr (std::is_same<T, float>::value && W == Path::Rows && A::array) {
-            if (n == 3) k = fourInLanes<3>(count, wa, wb, d);
-            if (n == 4) k = fourInLanes<4>(count, wa, wb, d);
+            if (n == 3) k = four<3>(count, wa, wb, d);
+            if (n == 4) k = four<4>(count, wa, wb, d);
         }
         for (; k < count; ++k) {
             const auto x = wa[k];

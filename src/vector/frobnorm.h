@@ -165,36 +165,38 @@ struct FrobKernel {
         return t;
     }
 
-    // Packed float arrays of square matrices 2 to 5, four objects at a
-    // time: each object's lanes of squares as in squares(), transposed so
-    // that each lane holds one object, then reduced and rooted together.
+    // Packed float arrays of square matrices 2 to 5, four objects in lanes:
+    // each object's lanes of squares as in squares(), reduced and rooted
+    // together.
     template <int N, class WA>
-    static int32_t fourInLanes(int32_t count, const WA& wa, const Dense<float>& d)
+    static int32_t four(int32_t count, const WA& wa, const Dense<float>& d)
     {
         using P = simd::Pack<simd::Sse, float>;
         using R = simd::Row<simd::Sse, float, (N < 4 ? N : 4)>;
-        int32_t n = 0;
-        for (; n + 4 <= count; n += 4) {
-            P s[4];
-            alignas(16) float c4[4];
-            for (int o = 0; o < 4; ++o) {
-                const auto x = wa[n + o];
+        return fourInLanes(
+            count, d,
+            [&](int32_t n) {
+                const auto x = wa[n];
                 P acc = P::splat(0.0f);
-                float c = 0.0f;
                 for (int j = 0; j < N; ++j) {
                     const P r = R::load(x.row(j)).p[0];
                     acc = acc + r * r;
-                    if constexpr (N == 5) c = c + sq(load<float>(x.row(j) + 4));
                 }
-                s[o] = acc;
-                c4[o] = c;
-            }
-            simd::transpose4(s);
-            P t = (s[0] + s[2]) + (s[1] + s[3]);
-            if constexpr (N == 5) t = t + P::load(c4);
-            simd::sqrt(t).store(d.at(n));
-        }
-        return n;
+                return acc;
+            },
+            [&](int32_t n, const auto& s) {
+                P t = (s[0] + s[2]) + (s[1] + s[3]);
+                if constexpr (N == 5) {
+                    alignas(16) float c4[4];
+                    for (int o = 0; o < 4; ++o) {
+                        float c = 0.0f;
+                        for (int j = 0; j < N; ++j) c = c + sq(load<float>(wa[n + o].row(j) + 4));
+                        c4[o] = c;
+                    }
+                    t = t + P::load(c4);
+                }
+                return simd::sqrt(t);
+            });
     }
 
     template <Path W_, class A>
@@ -206,10 +208,10 @@ struct FrobKernel {
         int32_t n = 0;
         if constexpr (f32 && W_ == Path::Rows && A::array) {
             switch (square5 ? W : 0) {
-            case 2: n = fourInLanes<2>(count, wa, d); break;
-            case 3: n = fourInLanes<3>(count, wa, d); break;
-            case 4: n = fourInLanes<4>(count, wa, d); break;
-            case 5: n = fourInLanes<5>(count, wa, d); break;
+            case 2: n = four<2>(count, wa, d); break;
+            case 3: n = four<3>(count, wa, d); break;
+            case 4: n = four<4>(count, wa, d); break;
+            case 5: n = four<5>(count, wa, d); break;
             default: break;
             }
         }

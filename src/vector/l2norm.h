@@ -31,41 +31,32 @@ struct NormKernel {
         return kelStsNoErr;
     }
 
-    // Packed float arrays of 3 to 6 elements, four objects at a time: the
-    // squares of elements 0 to 3 of each object in one pack, transposed so
-    // that each lane holds one object, paired as (x0^2 + x1^2) + (x2^2 +
-    // x3^2), then x4^2 (and x5^2) gathered across the objects; one square
-    // root for the four.  Returns the objects done.
+    // Packed float arrays of 3 to 6 elements, four objects in lanes: the
+    // squares of elements 0 to 3 paired as (x0^2 + x1^2) + (x2^2 + x3^2),
+    // then x4^2 (and x5^2) of the four objects; one square root for the four.
     template <int N, class WA>
-    static int32_t fourInLanes(int32_t count, const WA& wa, const Dense<float>& d)
+    static int32_t four(int32_t count, const WA& wa, const Dense<float>& d)
     {
         using P = simd::Pack<simd::Sse, float>;
         using R = simd::Row<simd::Sse, float, (N < 4 ? N : 4)>;
-        int32_t n = 0;
-        for (; n + 4 <= count; n += 4) {
-            P q[4];
-            alignas(16) float x4[4], x5[4];
-            for (int o = 0; o < 4; ++o) {
-                const float* p = wa[n + o].row(0);
-                const P x = R::load(p).p[0];
-                q[o] = x * x;
-                if constexpr (N >= 5) x4[o] = load<float>(p + 4);
-                if constexpr (N == 6) x5[o] = load<float>(p + 5);
-            }
-            simd::transpose4(q);
-            P s = N == 3 ? (q[0] + q[1]) + q[2] : (q[0] + q[1]) + (q[2] + q[3]);
-            if constexpr (N >= 5) {
-                const P a = P::load(x4);
-                if constexpr (N == 5) {
-                    s = s + a * a;
-                } else {
-                    const P b = P::load(x5);
-                    s = s + (a * a + b * b);
-                }
-            }
-            simd::sqrt(s).store(d.at(n));
-        }
-        return n;
+        auto column = [&](int32_t n, int i) {
+            alignas(16) float x[4];
+            for (int o = 0; o < 4; ++o) x[o] = load<float>(wa[n + o].row(0) + i);
+            const P v = P::load(x);
+            return v * v;
+        };
+        return fourInLanes(
+            count, d,
+            [&](int32_t n) {
+                const P x = R::load(wa[n].row(0)).p[0];
+                return x * x;
+            },
+            [&](int32_t n, const auto& q) {
+                P s = N == 3 ? (q[0] + q[1]) + q[2] : (q[0] + q[1]) + (q[2] + q[3]);
+                if constexpr (N == 5) s = s + column(n, 4);
+                if constexpr (N == 6) s = s + (column(n, 4) + column(n, 5));
+                return simd::sqrt(s);
+            });
     }
 
     template <Path W, class A>
@@ -77,10 +68,10 @@ struct NormKernel {
         int32_t k = 0;
         if constexpr (std::is_same<T, float>::value && W == Path::Rows && A::array) {
             switch (n) {
-            case 3: k = fourInLanes<3>(count, wa, d); break;
-            case 4: k = fourInLanes<4>(count, wa, d); break;
-            case 5: k = fourInLanes<5>(count, wa, d); break;
-            case 6: k = fourInLanes<6>(count, wa, d); break;
+            case 3: k = four<3>(count, wa, d); break;
+            case 4: k = four<4>(count, wa, d); break;
+            case 5: k = four<5>(count, wa, d); break;
+            case 6: k = four<6>(count, wa, d); break;
             default: break;
             }
         }

@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "frame/cursor.h"
+#include "frame/simd.h"
 #include "frame/view.h"
 
 namespace kel::vector {
@@ -85,6 +86,23 @@ inline void byPath(F&& f, const V0& v0, const V&... v)
         if (pathOf(v0, v...) == Path::Rows) f(std::integral_constant<Path, Path::Rows>{});
         else f(std::integral_constant<Path, Path::Strided>{});
     }
+}
+
+// Packed float arrays, four objects at a time: terms(n) gives the pack of
+// object n's terms (term k in lane k); the four packs are transposed, so that
+// pack k holds term k of the four objects in their lanes, and reduce(n, t)
+// gives the four results, stored as one pack.  Returns the objects done.
+template <class Terms, class Reduce>
+inline int32_t fourInLanes(int32_t count, const Dense<float>& d, Terms terms, Reduce reduce)
+{
+    int32_t n = 0;
+    for (; n + 4 <= count; n += 4) {
+        simd::Pack<simd::Sse, float> t[4];
+        for (int o = 0; o < 4; ++o) t[o] = terms(n + o);
+        simd::transpose4(t);
+        reduce(n, t).store(d.at(n));
+    }
+    return n;
 }
 
 }  // namespace kel::vector
