@@ -10,6 +10,9 @@
  * 3. Least squares: fit a parabola to each of 1000 sets of six noisy
  *    points, once with QR on the 6x3 system and once with Cholesky on the
  *    normal equations, and compare the two fits.
+ * 3. Vectors and reductions: cross products of 1000 pairs of 3-vectors,
+ *    their dot products with the inputs (zero up to rounding), their
+ *    lengths, and the trace and Frobenius norm of an identity matrix.
  *
  * Every kelm function returns a status: kelStsNoErr (0) or a negative code.
  * Strides and shifts are counted in bytes. */
@@ -335,6 +338,42 @@ static void fitDemo(void)
     printf("   QR and Cholesky on the normal equations agree within %.1e; farthest from the truth %.1e\n", worst,
            far);
     if (worst > 1e-9 || far > 0.1) failed = 1;
+/* ---- 3. Vectors and reductions ------------------------------------------- */
+
+static void vectorDemo(void)
+{
+    static Kel32f a[COUNT][3], b[COUNT][3], c[COUNT][3], dotA[COUNT], dotB[COUNT], len[COUNT];
+    const int vec = 3 * sizeof(Kel32f), e = sizeof(Kel32f);
+    Kel32f eye[N][N] = {{0}}, trace = 0, frob = 0, worst = 0;
+    int k, i;
+
+    printf("\n3. Cross products of %d pairs of 3-vectors, their dot products and lengths\n", COUNT);
+    for (k = 0; k < COUNT; ++k)
+        for (i = 0; i < 3; ++i) {
+            a[k][i] = (Kel32f)next();
+            b[k][i] = (Kel32f)next();
+        }
+    expect(kelmCrossProduct_vava_32f(&a[0][0], vec, e, &b[0][0], vec, e, &c[0][0], vec, e, COUNT), kelStsNoErr,
+           "kelmCrossProduct_vava_32f");
+    expect(kelmDotProduct_vava_32f(&c[0][0], vec, e, &a[0][0], vec, e, dotA, 3, COUNT), kelStsNoErr,
+           "kelmDotProduct_vava_32f");
+    expect(kelmDotProduct_vava_32f(&c[0][0], vec, e, &b[0][0], vec, e, dotB, 3, COUNT), kelStsNoErr,
+           "kelmDotProduct_vava_32f");
+    expect(kelmL2Norm_va_32f(&c[0][0], vec, e, len, 3, COUNT), kelStsNoErr, "kelmL2Norm_va_32f");
+    for (k = 0; k < COUNT; ++k) {
+        /* a x b is orthogonal to a and b: what is left is rounding, small
+         * against the length of a x b. */
+        const Kel32f r = (Kel32f)(fabs(dotA[k]) + fabs(dotB[k])) / (len[k] + 1e-30f);
+        if (r > worst) worst = r;
+    }
+    printf("   worst (|c.a| + |c.b|) / |c| = %.1e\n", worst);
+    if (worst > 1e-5f) failed = 1;
+
+    for (i = 0; i < N; ++i) eye[i][i] = 1.0f;
+    expect(kelmTrace_m_32f(&eye[0][0], N * e, e, N, &trace), kelStsNoErr, "kelmTrace_m_32f");
+    expect(kelmFrobNorm_m_32f(&eye[0][0], N * e, e, N, N, &frob), kelStsNoErr, "kelmFrobNorm_m_32f");
+    printf("   identity %dx%d: trace %g, Frobenius norm %g\n", N, N, trace, frob);
+    if (trace != 4.0f || frob != 2.0f) failed = 1;
 }
 
 int main(void)
@@ -344,6 +383,7 @@ int main(void)
     addDemo();
     solveDemo();
     fitDemo();
+    vectorDemo();
     printf("\n%s\n", failed ? "Something went wrong." : "All checks passed.");
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -737,6 +737,141 @@ KELM_API KelStatus kelmMul_tava_64f(const Kel64f* src1, int src1Stride0, int src
 KELM_API KelStatus kelmMul_tava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, int src2Len, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int count);
 KELM_API KelStatus kelmMul_tava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, int src1Width, int src1Height, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, int src2Len, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int count);
 
+/* ---- CrossProduct (crossproduct) ---- */
+/* CrossProduct of two 3-vectors: dst = (a1 b2 - a2 b1, a2 b0 - a0 b2, */
+/* a0 b1 - a1 b0).  No size argument; the count is tested at a different */
+/* step by different operand codes. */
+KELM_API KelStatus kelmCrossProduct_vv_32f(const Kel32f* src1, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride2);
+KELM_API KelStatus kelmCrossProduct_vv_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift);
+KELM_API KelStatus kelmCrossProduct_vv_64f(const Kel64f* src1, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride2);
+KELM_API KelStatus kelmCrossProduct_vv_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift);
+KELM_API KelStatus kelmCrossProduct_vav_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vav_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vav_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmCrossProduct_vav_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vav_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vav_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmCrossProduct_vva_32f(const Kel32f* src1, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vva_32f_L(const Kel32f* src1, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vva_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmCrossProduct_vva_64f(const Kel64f* src1, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vva_64f_L(const Kel64f* src1, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vva_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmCrossProduct_vava_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vava_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vava_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+KELM_API KelStatus kelmCrossProduct_vava_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int count);
+KELM_API KelStatus kelmCrossProduct_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int count);
+
+/* ---- DotProduct (dotproduct) ---- */
+/* DotProduct: dst(n) = sum over k of src1(n)(k) * src2(n)(k), one element */
+/* of the plain dst for each object. */
+KELM_API KelStatus kelmDotProduct_vv_32f(const Kel32f* src1, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int len);
+KELM_API KelStatus kelmDotProduct_vv_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* dst, int len);
+KELM_API KelStatus kelmDotProduct_vv_64f(const Kel64f* src1, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int len);
+KELM_API KelStatus kelmDotProduct_vv_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* dst, int len);
+KELM_API KelStatus kelmDotProduct_vav_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vav_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel32f* src2, int src2Stride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vav_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vav_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vav_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* src2, int src2Stride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vav_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vava_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vava_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vava_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vava_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmDotProduct_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* dst, int len, int count);
+
+/* ---- FrobNorm (frobnorm) ---- */
+/* FrobNorm: dst(n) = square root of the sum of the squares of all elements */
+/* of matrix n, in the element type. */
+KELM_API KelStatus kelmFrobNorm_m_32f(const Kel32f* src, int srcStride1, int srcStride2, int width, int height, Kel32f* dst);
+KELM_API KelStatus kelmFrobNorm_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int width, int height, Kel32f* dst);
+KELM_API KelStatus kelmFrobNorm_m_64f(const Kel64f* src, int srcStride1, int srcStride2, int width, int height, Kel64f* dst);
+KELM_API KelStatus kelmFrobNorm_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int width, int height, Kel64f* dst);
+KELM_API KelStatus kelmFrobNorm_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, int width, int height, Kel32f* dst, int count);
+KELM_API KelStatus kelmFrobNorm_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, int height, Kel32f* dst, int count);
+KELM_API KelStatus kelmFrobNorm_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, int width, int height, Kel32f* dst, int count);
+KELM_API KelStatus kelmFrobNorm_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int width, int height, Kel64f* dst, int count);
+KELM_API KelStatus kelmFrobNorm_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, int height, Kel64f* dst, int count);
+KELM_API KelStatus kelmFrobNorm_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int width, int height, Kel64f* dst, int count);
+
+/* ---- L2Norm (l2norm) ---- */
+/* L2Norm: dst(n) = square root of the sum of the squares of src(n), in the */
+/* element type, with no scaling (squares that overflow give infinity). */
+KELM_API KelStatus kelmL2Norm_v_32f(const Kel32f* src, int srcStride2, Kel32f* dst, int len);
+KELM_API KelStatus kelmL2Norm_v_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dst, int len);
+KELM_API KelStatus kelmL2Norm_v_64f(const Kel64f* src, int srcStride2, Kel64f* dst, int len);
+KELM_API KelStatus kelmL2Norm_v_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dst, int len);
+KELM_API KelStatus kelmL2Norm_va_32f(const Kel32f* src, int srcStride0, int srcStride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmL2Norm_va_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride2, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmL2Norm_va_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dst, int len, int count);
+KELM_API KelStatus kelmL2Norm_va_64f(const Kel64f* src, int srcStride0, int srcStride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmL2Norm_va_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride2, Kel64f* dst, int len, int count);
+KELM_API KelStatus kelmL2Norm_va_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dst, int len, int count);
+
+/* ---- LComb (lcomb) ---- */
+/* LComb: dst(k) = scale1 * src1(k) + scale2 * src2(k), two rounded */
+/* products and one addition. */
+KELM_API KelStatus kelmLComb_vv_32f(const Kel32f* src1, int src1Stride2, Kel32f scale1, const Kel32f* src2, int src2Stride2, Kel32f scale2, Kel32f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmLComb_vv_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, Kel32f scale1, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f scale2, Kel32f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmLComb_vv_64f(const Kel64f* src1, int src1Stride2, Kel64f scale1, const Kel64f* src2, int src2Stride2, Kel64f scale2, Kel64f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmLComb_vv_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, Kel64f scale1, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f scale2, Kel64f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmLComb_vav_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, Kel32f scale1, const Kel32f* src2, int src2Stride2, Kel32f scale2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vav_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel32f scale1, const Kel32f* src2, int src2Stride2, Kel32f scale2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vav_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel32f scale1, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f scale2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmLComb_vav_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, Kel64f scale1, const Kel64f* src2, int src2Stride2, Kel64f scale2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vav_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel64f scale1, const Kel64f* src2, int src2Stride2, Kel64f scale2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vav_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel64f scale1, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f scale2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmLComb_vava_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, Kel32f scale1, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f scale2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vava_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel32f scale1, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f scale2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vava_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel32f scale1, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f scale2, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmLComb_vava_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, Kel64f scale1, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f scale2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel64f scale1, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f scale2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmLComb_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel64f scale1, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f scale2, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+
+/* ---- Saxpy (saxpy) ---- */
+/* Saxpy: dst(k) = scale * src1(k) + src2(k), one rounded product and one */
+/* addition; the scale multiplies the first vector also where it is single. */
+KELM_API KelStatus kelmSaxpy_vv_32f(const Kel32f* src1, int src1Stride2, Kel32f scale, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmSaxpy_vv_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, Kel32f scale, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmSaxpy_vv_64f(const Kel64f* src1, int src1Stride2, Kel64f scale, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride2, int len);
+KELM_API KelStatus kelmSaxpy_vv_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, Kel64f scale, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int len);
+KELM_API KelStatus kelmSaxpy_vav_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, Kel32f scale, const Kel32f* src2, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vav_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel32f scale, const Kel32f* src2, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vav_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel32f scale, const Kel32f* const* ppSrc2, int src2RoiShift, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmSaxpy_vav_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, Kel64f scale, const Kel64f* src2, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vav_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel64f scale, const Kel64f* src2, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vav_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel64f scale, const Kel64f* const* ppSrc2, int src2RoiShift, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmSaxpy_vva_32f(const Kel32f* src1, int src1Stride2, Kel32f scale, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vva_32f_L(const Kel32f* src1, int src1Stride2, Kel32f scale, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vva_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, Kel32f scale, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmSaxpy_vva_64f(const Kel64f* src1, int src1Stride2, Kel64f scale, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vva_64f_L(const Kel64f* src1, int src1Stride2, Kel64f scale, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vva_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, Kel64f scale, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmSaxpy_vava_32f(const Kel32f* src1, int src1Stride0, int src1Stride2, Kel32f scale, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vava_32f_L(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel32f scale, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vava_32f_P(const Kel32f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel32f scale, const Kel32f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+KELM_API KelStatus kelmSaxpy_vava_64f(const Kel64f* src1, int src1Stride0, int src1Stride2, Kel64f scale, const Kel64f* src2, int src2Stride0, int src2Stride2, Kel64f* dst, int dstStride0, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vava_64f_L(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride2, Kel64f scale, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride2, int len, int count);
+KELM_API KelStatus kelmSaxpy_vava_64f_P(const Kel64f* const* ppSrc1, int src1RoiShift, int src1Stride0, Kel64f scale, const Kel64f* const* ppSrc2, int src2RoiShift, int src2Stride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int len, int count);
+
+/* ---- Trace (trace) ---- */
+/* Trace: dst(n) = sum of the diagonal x(k, k), k = 0..width-1, of square */
+/* matrix n. */
+KELM_API KelStatus kelmTrace_m_32f(const Kel32f* src, int srcStride1, int srcStride2, int width, Kel32f* dst);
+KELM_API KelStatus kelmTrace_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int width, Kel32f* dst);
+KELM_API KelStatus kelmTrace_m_64f(const Kel64f* src, int srcStride1, int srcStride2, int width, Kel64f* dst);
+KELM_API KelStatus kelmTrace_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int width, Kel64f* dst);
+KELM_API KelStatus kelmTrace_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, int width, Kel32f* dst, int count);
+KELM_API KelStatus kelmTrace_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, Kel32f* dst, int count);
+KELM_API KelStatus kelmTrace_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, int width, Kel32f* dst, int count);
+KELM_API KelStatus kelmTrace_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int width, Kel64f* dst, int count);
+KELM_API KelStatus kelmTrace_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int width, Kel64f* dst, int count);
+KELM_API KelStatus kelmTrace_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int width, Kel64f* dst, int count);
+
 #ifdef __cplusplus
 }
 #endif

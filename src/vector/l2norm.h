@@ -1,0 +1,100 @@
+// L2Norm: dst(n) = square root of the sum of squares of vector n, in the
+// element type and without scaling, so squares that overflow give infinity.
+//
+// Lengths 3 to 6 add the squares in pairs, (x0^2 + x1^2) + (x2^2 + x3^2) and
+// so on.  Other lengths sum from +0.0 in ascending order, except a single
+// packed 32f vector, which takes the lane sum of its squares (its rounding
+// depends on where the vector lies).
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <type_traits>
+
+#include "frame/cursor.h"
+#include "frame/frame.h"
+#include "frame/lanesum.h"
+#include "frame/simd.h"
+#include "frame/view.h"
+#include "vector/sums.h"
+
+namespace kel::vector {
+
+template <class T>
+struct NormKernel {
+    int32_t len;
+
+    template <class A>
+    KelStatus operator()(int32_t count, void*, const A& a, const Dense<T>& d) const
+    {
+        byPath([&](auto w) { run<decltype(w)::value>(count, a, d); }, a);
+        return kelStsNoErr;
+    }
+
+    // Packed float arrays of 3 to 6 elements, four objects in lanes: the
+    // squares of elements 0 to 3 paired as (x0^2 + x1^2) + (x2^2 + x3^2),
+    // then x4^2 (and x5^2) of the four objects; one square root for the four.
+    template <int N, class WA>
+    static int32_t four(int32_t count, const WA& wa, const Dense<float>& d)
+    {
+        using P = simd::Pack<simd::Sse, float>;
+        using R = simd::Row<simd::Sse, float, (N < 4 ? N : 4)>;
+        auto column = [&](int32_t n, int i) {
+            alignas(16) float x[4];
+            for (int o = 0; o < 4; ++o) x[o] = load<float>(wa[n + o].row(0) + i);
+            const P v = P::load(x);
+            return v * v;
+        };
+        return fourInLanes(
+            count, d,
+            [&](int32_t n) {
+                const P x = R::load(wa[n].row(0)).p[0];
+                return x * x;
+            },
+            [&](int32_t n, const auto& q) {
+                P s = N == 3 ? (q[0] + q[1]) + q[2] : (q[0] + q[1]) + (q[2] + q[3]);
+                if constexpr (N == 5) s = s + column(n, 4);
+                if constexpr (N == 6) s = s + (column(n, 4) + column(n, 5));
+                return simd::sqrt(s);
+            });
+    }
+
+    template <Path W, class A>
+    void run(int32_t count, const A& a, const Dense<T>& d) const
+    {
+        constexpr bool lanes = std::is_same<T, float>::value && W == Path::Rows && !A::array;
+        const Walk<W, A> wa(a);
+        const int32_t n = len;
+        int32_t k = 0;
+        if constexpr (std::is_same<T, float>::value && W == Path::Rows && A::array) {
+            switch (n) {
+            case 3: k = four<3>(count, wa, d); break;
+            case 4: k = four<4>(count, wa, d); break;
+            case 5: k = four<5>(count, wa, d); break;
+            case 6: k = four<6>(count, wa, d); break;
+            default: break;
+            }
+        }
+        for (; k < count; ++k) {
+            const auto x = wa[k];
+            auto term = [&](int32_t i) {
+                const T v = x.get(0, i);
+                return v * v;
+            };
+            T r;
+            if (straightLength(n)) r = straightSum<T>(n, Order::Pairs, term);
+            else if constexpr (lanes) r = laneSquares(x.row(0), n);
+            else r = plainSum<T>(n, term);
+            store<T>(d.at(k), std::sqrt(r));
+        }
+    }
+};
+
+template <class A, class D>
+KelStatus l2Norm(const Traits& tr, const Sizes& s, A a, D d)
+{
+    using T = typename A::Elem;
+    return kel::run(tr, s, noMismatch, DriverInfo{}, NormKernel<T>{s.L}, a, d);
+}
+
+}  // namespace kel::vector
