@@ -27,6 +27,7 @@ layout is that run, else into a temporary that is copied over.
 """
 import contextlib
 import itertools
+import math
 import threading
 
 import numpy as np
@@ -310,15 +311,18 @@ class Call:
         order = self.code_order or range(len(self.ops))
         code = "".join(self.ops[i].letter + ("a" if arrays[i] and not self.ops[i].fixed else "")
                        for i in order if self.ops[i].letter)
-        exact = _lib.MEMBERS.get(f"kelm{self.family}_{code}_{self.type}")
-        if exact is not None and self._fits(exact, arrays):
-            return exact
-        if self.code_order:
-            return None
-        for m in _lib.BY_FAMILY.get((self.family, self.type), ()):
-            if self._fits(m, arrays):
-                return m
-        return None
+        key = (self.family, self.type, code, self.code_order is not None,
+               tuple((op.fixed, op.dense, op.letter, op.core, bool(a)) for op, a in zip(self.ops, arrays)))
+        if key in _chosen:
+            return _chosen[key]
+        member = _lib.MEMBERS.get(f"kelm{self.family}_{code}_{self.type}")
+        if member is None or not self._fits(member, arrays):
+            member = None
+            if not self.code_order:
+                member = next((m for m in _lib.BY_FAMILY.get((self.family, self.type), ())
+                               if self._fits(m, arrays)), None)
+        _chosen[key] = member
+        return member
 
     def _fits(self, member, arrays):
         groups = [g for g in member.groups if g[0] != "size"]
@@ -431,7 +435,7 @@ class Call:
             w = op.work
             b.base = _lib.address(w) + offsets[id(op)]
             s0 = plan.stride0(op)
-            b.per = int(np.prod(w.shape[w.ndim - op.core:])) if op.core else 1
+            b.per = math.prod(w.shape[w.ndim - op.core:]) if op.core else 1
             if b.kind in ("out", "piv", "cpiv"):
                 b.s0 = s0
                 esize = w.dtype.itemsize
@@ -467,7 +471,9 @@ class Call:
         return n
 
     def _call_range(self, pos, offsets, first, count, varies):
-        arrays = [varies.get(id(op), False) or (op.out and not op.fixed) for op in self.ops]
+        # Results are arrays when anything moves along the array axis.
+        moving = count > 1 or any(varies.get(id(op), False) for op in self.ops if not op.out)
+        arrays = [varies.get(id(op), False) or (op.out and not op.fixed and moving) for op in self.ops]
         member = None if any(not arrays[i] for i in self.always_arrays) else self._member(arrays)
         if member is None and self.swap:
             self._swapped(arrays)
@@ -587,7 +593,7 @@ class Call:
         cstr = w.strides[w.ndim - b.op.core:] if b.op.core else ()
         if b.kind in ("out", "piv", "cpiv"):
             s0 = b.per * b.itemsize
-            cstr = tuple(int(np.prod(core[i + 1:])) * b.itemsize for i in range(len(core)))
+            cstr = tuple(math.prod(core[i + 1:]) * b.itemsize for i in range(len(core)))
         else:
             s0 = b.s0
         return _view(w, b.base + first * s0, (end - first,) + core, (s0,) + cstr)
@@ -626,7 +632,7 @@ class Call:
     def _flat_index(self, pos, k):
         """Flat index in the caller's stack of object k at outer position pos."""
         plan = self.plan
-        idx = np.arange(int(np.prod(self.stack)) if self.stack else 1).reshape(self.stack)
+        idx = np.arange(math.prod(self.stack)).reshape(self.stack)
         for a in plan.flips:
             idx = _flip(idx, a)
         idx = idx[tuple(slice(None) if a in plan.live else 0 for a in range(len(self.stack)))]
@@ -639,20 +645,24 @@ class Call:
 
     def mask(self):
         """Boolean array of the stack: True where an object was refused."""
-        m = np.zeros(int(np.prod(self.stack)) if self.stack else 1, dtype=bool)
+        m = np.zeros(math.prod(self.stack), dtype=bool)
         m[self.refused] = True
         return m.reshape(self.stack) if self.stack else m.reshape(())
 
 
+_chosen = {}   # the member chosen for each form of a call
+
+
+class _Interface:
+    """Holds an __array_interface__ (and the array whose memory it names)."""
+
+    __slots__ = ("__array_interface__", "base")
+
+
 def _view(like, address, shape, strides):
     """An ndarray of like's element type at address, sharing like's memory."""
-    interface = {"shape": tuple(int(n) for n in shape), "strides": tuple(int(s) for s in strides),
-                 "typestr": like.dtype.str, "data": (int(address), False), "version": 3}
-
-    class _Holder:
-        __array_interface__ = interface
-        base = like
-
-    holder = _Holder()
-    v = np.asarray(holder)
-    return v
+    holder = _Interface()
+    holder.__array_interface__ = {"shape": tuple(int(n) for n in shape), "strides": tuple(int(s) for s in strides),
+                                  "typestr": like.dtype.str, "data": (int(address), False), "version": 3}
+    holder.base = like
+    return np.asarray(holder)

@@ -51,23 +51,21 @@ def _type(dt):
 
 # -- determinants ---------------------------------------------------------------
 def _lu_diagonal(a):
-    """(lu, piv, mask, sign, diagonal of U) of a stack, refused objects masked."""
+    """(mask, sign of the row order, pivots U(k, k)) of a stack from kelm's
+    LU factors; refused objects are masked."""
     (lu, piv), mask = lu_factor(a, errors="mask")
     n = a.shape[-1]
-    p = np.where(mask[..., None], np.arange(n, dtype=np.int32), piv)
-    diag = np.take_along_axis(lu, p[..., :, None], axis=-2)[..., 0] if n else lu[..., 0, :0]
-    diag = np.diagonal(np.take_along_axis(lu, p[..., :, None].repeat(n, axis=-1), axis=-2), axis1=-2, axis2=-1)
-    # Sign of the row order the table gives: parity of the permutation.
-    sign = np.ones(p.shape[:-1], dtype=lu.dtype)
-    q = p.copy()
-    for k in range(n):
-        j = np.argmax(q[..., k:] == k, axis=-1) + k if n else None
-        moved = j != k
-        sign = np.where(moved, -sign, sign)
-        qk = q[..., k].copy()
-        np.put_along_axis(q, j[..., None], qk[..., None], axis=-1)
-        q[..., k] = k
-    return lu, p, mask, sign, diag
+    p = np.where(mask[..., None], np.arange(n, dtype=np.int32), piv) if mask.any() else piv
+    # U(k, k) stands in row p[k], column k.
+    flat = lu.reshape(lu.shape[:-2] + (n * n,))
+    diag = np.take_along_axis(flat, p * n + np.arange(n, dtype=np.int32), axis=-1)
+    # Parity of the row order: the number of inversions of the table.
+    odd = np.zeros(p.shape[:-1], bool)
+    for i in range(n - 1):
+        for j in range(i + 1, n):
+            odd ^= p[..., i] > p[..., j]
+    sign = np.where(odd, lu.dtype.type(-1), lu.dtype.type(1))
+    return mask, sign, diag
 
 
 def det(a):
@@ -93,7 +91,7 @@ def det(a):
         ops = [Op(a, letter="m"), Op(buf, fixed=True), Op(None, core=0, out=True, dense=True)]
         r = Call("Det", ops, {"size": n}, stack, a.dtype).run()[0]
         return scalar_result(r, len(stack))
-    _, _, mask, sign, diag = _lu_diagonal(a)
+    mask, sign, diag = _lu_diagonal(a)
     r = sign * np.multiply.reduce(diag, axis=-1)
     r = np.where(mask, a.dtype.type(0), r).astype(a.dtype)
     return scalar_result(r, len(stack))
@@ -113,7 +111,7 @@ def slogdet(a):
     if n == 0:
         one = np.ones(stack, a.dtype)
         return scalar_result(one, len(stack)), scalar_result(np.zeros(stack, a.dtype), len(stack))
-    _, _, mask, sign, diag = _lu_diagonal(a)
+    mask, sign, diag = _lu_diagonal(a)
     sign = sign * np.multiply.reduce(np.sign(diag), axis=-1)
     with np.errstate(divide="ignore"):
         logdet = np.add.reduce(np.log(np.abs(diag)), axis=-1)
