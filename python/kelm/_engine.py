@@ -190,6 +190,9 @@ class Plan:
                 view = base
                 for k in flips:
                     view = _flip(view, k)
+                if op.back is not None:
+                    # Elements the call does not write keep the caller's values.
+                    view[...] = op.back
                 op.arr = view
             if op.out:
                 op.result = op.arr if op.back is None else op.back
@@ -200,7 +203,8 @@ class Plan:
             w = op.arr
             for k in flips:
                 w = _flip(w, k)
-            w = w[tuple(slice(None) if k in live else 0 for k in range(nb))]
+            if len(live) < nb:
+                w = w[tuple(slice(None) if k in live else 0 for k in range(nb))]
             op.work = w
         # Merge neighbouring axes that every operand steps evenly.
         shape = [stack[k] for k in live]
@@ -283,7 +287,7 @@ class _Bound:
 class Call:
     """One operation on a stack: the member's family, operands and sizes."""
 
-    def __init__(self, family, ops, sizes, stack, dtype, *, errors="raise", no_alias=False, swap=None,
+    def __init__(self, family, ops, sizes, stack, dtype, *, errors=None, no_alias=False, swap=None,
                  swap_fixed=None, code_order=None, always_arrays=()):
         self.family = family
         self.ops = list(ops)
@@ -360,6 +364,13 @@ class Call:
         for op in self.ops:
             if op.out and op.arr is None and op.dtype is None:
                 op.dtype = self.dtype
+        if self.errors == "raise":
+            # A call that may refuse objects writes the caller's arrays only
+            # once it has succeeded.
+            for op in self.ops:
+                if op.out and op.arr is not None and not op.fixed:
+                    op.back = op.arr
+                    op.arr = None
         if self.no_alias:
             ins = [op.arr for op in self.ops if not op.out and op.arr is not None]
             for op in self.ops:
@@ -557,6 +568,9 @@ class Call:
         after a refusal keep their marks, so each resumed call sees them."""
         end = first + count
         outs = [b for b in bound if b.op.out]
+        # What the results held, for the elements a family never writes
+        # (Cholesky's upper triangle): they get it back after the search.
+        before = [self._objects(b, first, end).copy() for b in outs]
         for b in outs:
             self._mark(b, first, end)
         # One thread while refusals are sought, so that the serial rule
@@ -564,6 +578,10 @@ class Call:
         # of threads, so a concurrent call only runs slower meanwhile.
         with _serial():
             self._resume(member, bound, outs, pos, first, end, status)
+        for b, old in zip(outs, before):
+            v = self._objects(b, first, end)
+            marked = v.view(_UINT[v.dtype.itemsize]) == _SENTINEL[np.dtype(v.dtype.newbyteorder("="))]
+            v[marked] = old[marked]
 
     def _resume(self, member, bound, outs, pos, first, end, status):
         while first < end:
@@ -574,7 +592,7 @@ class Call:
                 raise status_error(st, member.name)
             k = self._locate(member, bound, outs, first, end)
             flat = self._flat_index(pos, k)
-            if self.errors == "raise":
+            if self.errors != "mask":
                 raise status_error(status, member.name, np.unravel_index(flat, self.stack) if self.stack else ())
             self.refused.append(flat)
             for b in outs:

@@ -150,6 +150,7 @@ def inv(a, out=None, *, errors="raise"):
         return _masked(finish(call.run()[0], out), call, errors)
     if errors == "mask":
         (lu, piv), mask = lu_factor(a, errors="mask")
+        piv[mask] = np.arange(n, dtype=np.int32)
     else:
         (lu, piv), mask = lu_factor(a), None
     eye = np.broadcast_to(np.eye(n, dtype=a.dtype), a.shape)
@@ -180,6 +181,7 @@ def solve(a, b, *, errors="raise"):
         return _with_mask(x, np.zeros(a.shape[:-2], bool), errors)
     if errors == "mask":
         (lu, piv), mask = lu_factor(a, errors="mask")
+        piv[mask] = np.arange(n, dtype=np.int32)     # refused objects: any valid table, NaN results below
     else:
         lu, piv = lu_factor(a)
         mask = None

@@ -461,6 +461,10 @@ def lu_solve(lu_and_piv, b, out=None):
 
 def _lu_solve(lu, piv, b, out, dt, one_chain=False):
     n = lu.shape[-1]
+    if piv.shape[-1:] != (n,) or (piv.size and (piv.min() < 0 or piv.max() >= n)):
+        # The library trusts the table: a row outside the matrix (a refused
+        # object's -1) would be read from outside it.
+        raise ValueError(f"piv must hold rows 0 to {n - 1} for each matrix (a refused object's table cannot be used)")
     vectors = b.ndim == lu.ndim - 1 or b.ndim == 1
     if b.ndim == 0:
         raise ShapeError("b must be at least 1-D")
