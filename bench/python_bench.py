@@ -71,8 +71,10 @@ def main():
             print(f"| {name} | {count:,} | {tk * 1e9:.1f} ns | {tn * 1e9:.1f} ns | {tn / tk:.1f}x |")
         if args.plot:
             sizes = [1, 10, 100, 1000, 10_000, 100_000]
-            curves[name] = [(c, best(lambda: fk(*make(c)), c, 0.1), best(lambda: fn(*make(c)), c, 0.1))
-                            for c in sizes]
+            curves[name] = []
+            for c in sizes:
+                ops = make(c)
+                curves[name].append((c, best(lambda: fk(*ops), c, 0.1), best(lambda: fn(*ops), c, 0.1)))
     print()
     one = stack(1, 4, np.float32)[0]
     print(f"One 4x4 float32 matmul call: kelm {best(lambda: kelm.matmul(one, one), 1) * 1e6:.1f} us, "

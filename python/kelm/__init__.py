@@ -15,8 +15,9 @@ from ._errors import (KelmError, SingularMatrixError, NotPositiveDefiniteError, 
 from ._lib import get_num_threads, set_num_threads, version, has_member
 from ._ops import *  # noqa: F401,F403
 from ._linalg import *  # noqa: F401,F403
-from . import _ops, _linalg
+from ._geometry import *  # noqa: F401,F403
+from . import _ops, _linalg, _geometry
 
 __all__ = (["KelmError", "SingularMatrixError", "NotPositiveDefiniteError", "NoConvergenceError",
             "DivideByZeroError", "LinAlgError", "get_num_threads", "set_num_threads", "version", "has_member"]
-           + _ops.__all__ + _linalg.__all__)
+           + _ops.__all__ + _linalg.__all__ + _geometry.__all__)

@@ -170,3 +170,17 @@ def test_matrix_power_and_multi_dot(dtype):
     close(np.asarray(kelm.multi_dot(chain)), np.asarray(np.linalg.multi_dot(chain)), dtype, scale=50)
     with pytest.raises(TypeError):
         kelm.matrix_power(a, 1.5)
+
+
+def test_geometry_helpers():
+    needs("kelmRotationZ_m4_32f", "kelmLookAtRH_m4_32f", "kelmPerspectiveFovRH_m4_32f",
+          "kelmAffineTransformCoord_m4v3a_32f")
+    r = kelm.rotation_z(np.pi / 2)
+    p = kelm.transform_points(r, [[1.0, 0.0, 0.0], [0.0, 2.0, 0.0]])
+    np.testing.assert_allclose(p, [[0.0, 1.0, 0.0], [-2.0, 0.0, 0.0]], atol=1e-6)
+    view = kelm.look_at([0, 0, 5], [0, 0, 0], [0, 1, 0])
+    np.testing.assert_allclose(kelm.transform_points(view, [0.0, 0.0, 0.0]), [0.0, 0.0, -5.0], atol=1e-6)
+    proj = kelm.perspective_fov(np.pi / 2, 1.0, 1.0, 10.0)
+    assert proj.dtype == np.float32 and proj[2, 3] == -1
+    with pytest.raises(ValueError):
+        kelm.look_at([0, 0, 5], [0, 0, 0], [0, 1, 0], handedness="XH")
