@@ -18,7 +18,7 @@ from . import _lib
 from ._engine import Call, Op
 from ._errors import LinAlgError, ShapeError
 from ._ops import (as_real, cast, check_errors, check_out, common_type, finish, lu_factor, matmul, out_op,
-                   scalar_result, square, _lu_solve, identity)
+                   scalar_result, square, right_hand_sides, _lu_solve, identity)
 
 __all__ = ["det", "slogdet", "inv", "solve", "cholesky", "cho_factor", "cho_solve", "qr", "eigh", "eigvalsh",
            "eig", "eigvals", "norm", "lstsq", "matrix_power", "multi_dot", "svd", "pinv", "matrix_rank", "cond",
@@ -242,22 +242,9 @@ def cho_solve(c, b, out=None):
 def _solve_vectors(family, m, extra, b, out, dt, sizes, buf=None):
     """A solve family on a matrix stack and vectors b, by numpy.linalg.solve's
     rule for b; the columns of matrix right-hand sides join the stack."""
-    n_rows = m.shape[-2]
+    vectors, stack, shape, bv, over = right_hand_sides(m, b, m.shape[-2], m.shape[-1])
+    mv = over(m, 2)
     n_cols = m.shape[-1]
-    vectors = b.ndim == m.ndim - 1 or b.ndim == 1
-    if b.shape[-1 if vectors else -2] != n_rows:
-        raise ShapeError(f"b has {b.shape[-1 if vectors else -2]} rows, a has {n_rows}")
-    from ._ops import stack_of, spread
-    if vectors:
-        stack = stack_of([(m, 2), (b, 1)], ["a", "b"])
-        shape = stack + (n_cols,)
-        bv, mv = spread(b, stack, 1), spread(m, stack, 2)
-    else:
-        stack = stack_of([(m, 2), (b, 2)], ["a", "b"])
-        k = b.shape[-1]
-        shape = stack + (n_cols, k)
-        bv = np.swapaxes(spread(b, stack, 2), -1, -2)
-        mv = np.broadcast_to(spread(m, stack, 2)[..., None, :, :], stack + (k,) + m.shape[-2:])
     check_out(out, shape, dt)
     if 0 in shape:
         return finish(np.empty(shape, dt), out)

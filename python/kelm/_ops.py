@@ -49,6 +49,8 @@ def cast(a, dtype):
 def stack_of(arrays_cores, names):
     """The broadcast stack shape of operands with the given object ranks."""
     stacks = [a.shape[:a.ndim - c] for a, c in arrays_cores]
+    if all(st == stacks[0] for st in stacks):
+        return stacks[0]
     try:
         return np.broadcast_shapes(*stacks)
     except ValueError:
@@ -465,26 +467,8 @@ def _lu_solve(lu, piv, b, out, dt, one_chain=False):
         # The library trusts the table: a row outside the matrix (a refused
         # object's -1) would be read from outside it.
         raise ValueError(f"piv must hold rows 0 to {n - 1} for each matrix (a refused object's table cannot be used)")
-    vectors = b.ndim == lu.ndim - 1 or b.ndim == 1
-    if b.ndim == 0:
-        raise ShapeError("b must be at least 1-D")
-    if b.shape[-1 if vectors else -2] != n:
-        raise ShapeError(f"solve: Input operand 1 has a mismatch in its core dimension 0, with gufunc signature "
-                         f"(m,m),(m{',n' if not vectors else ''})->(m{',n' if not vectors else ''}) "
-                         f"(size {b.shape[-1 if vectors else -2]} is different from {n})")
-    if vectors:
-        stack = stack_of([(lu, 2), (b, 1)], ["a", "b"])
-        shape = stack + (n,)
-        bv = spread(b, stack, 1)
-        lv, pv = spread(lu, stack, 2), spread(piv, stack, 1)
-    else:
-        stack = stack_of([(lu, 2), (b, 2)], ["a", "b"])
-        k = b.shape[-1]
-        shape = stack + (n, k)
-        # The columns of b are the vectors: the column axis joins the stack.
-        bv = np.swapaxes(spread(b, stack, 2), -1, -2)
-        lv = np.broadcast_to(spread(lu, stack, 2)[..., np.newaxis, :, :], stack + (k, n, n))
-        pv = np.broadcast_to(spread(piv, stack, 1)[..., np.newaxis, :], stack + (k, n))
+    vectors, stack, shape, bv, over = right_hand_sides(lu, b, n, n)
+    lv, pv = over(lu, 2), over(piv, 1)
     check_out(out, shape, dt)
     if 0 in shape:
         return finish(np.empty(shape, dt), out)
@@ -504,6 +488,34 @@ def _lu_solve(lu, piv, b, out, dt, one_chain=False):
     elif not vectors:
         res = out
     return finish(res, out)
+
+
+def right_hand_sides(m, b, rows, cols):
+    """numpy.linalg.solve's rule for b against a stack of rows x cols
+    matrices m: a stack of vectors when b.ndim == m.ndim - 1 (or b is
+    1-D), else of matrices (..., rows, k) whose columns join the stack.
+    Returns (vectors, stack, result shape, b as a stack of vectors, over)
+    where over(x, core) lays a per-matrix operand over that stack."""
+    if b.ndim == 0:
+        raise ShapeError("b must be at least 1-D")
+    vectors = b.ndim == m.ndim - 1 or b.ndim == 1
+    got = b.shape[-1 if vectors else -2]
+    if got != rows:
+        sig = "(m,m),(m)->(m)" if vectors else "(m,m),(m,n)->(m,n)"
+        raise ShapeError(f"solve: Input operand 1 has a mismatch in its core dimension 0, with gufunc signature "
+                         f"{sig} (size {got} is different from {rows})")
+    if vectors:
+        stack = stack_of([(m, 2), (b, 1)], ["a", "b"])
+        return True, stack, stack + (cols,), spread(b, stack, 1), lambda x, core: spread(x, stack, core)
+    stack = stack_of([(m, 2), (b, 2)], ["a", "b"])
+    k = b.shape[-1]
+
+    def over(x, core):
+        x = spread(x, stack, core)
+        obj = x.shape[x.ndim - core:]
+        return np.broadcast_to(x.reshape(stack + (1,) + obj), stack + (k,) + obj)
+    # The columns of b are the vectors: the column axis joins the stack.
+    return False, stack, stack + (cols, k), np.swapaxes(spread(b, stack, 2), -1, -2), over
 
 
 def square(a, name):
@@ -592,16 +604,22 @@ def lcomb(a, alpha, b, beta, out=None):
     >>> kelm.lcomb([1., 2.], 2.0, [1., 1.], 3.0)
     array([5., 7.])
     """
+    return _scaled_pair("LComb", a, [float(alpha)], b, [float(beta)], out, swap_fixed=(1, 3))
+
+
+def _scaled_pair(family, a, after_a, b, after_b, out, **kw):
+    """A family on two stacks of vectors, each followed by its scalars."""
     (a, b), dt = _vectors((a, "a"), (b, "b"))
     n = a.shape[-1]
     stack = stack_of([(a, 1), (b, 1)], ["a", "b"])
     check_out(out, stack + (n,), dt)
     if n == 0:
         return finish(np.empty(stack + (n,), dt), out)
-    ops = [Op(spread(a, stack, 1), core=1, letter="v"), Op(float(alpha), core=0, fixed=True),
-           Op(spread(b, stack, 1), core=1, letter="v"), Op(float(beta), core=0, fixed=True),
-           out_op(out, dt, 1, (n,))]
-    return finish(Call("LComb", ops, {"len": n}, stack, dt, swap=(0, 2), swap_fixed=(1, 3)).run()[0], out)
+    scalars = lambda values: [Op(v, core=0, fixed=True) for v in values]  # noqa: E731
+    ops = ([Op(spread(a, stack, 1), core=1, letter="v")] + scalars(after_a) +
+           [Op(spread(b, stack, 1), core=1, letter="v")] + scalars(after_b) + [out_op(out, dt, 1, (n,))])
+    swap = (0, 1 + len(after_a)) if len(after_a) == len(after_b) else None
+    return finish(Call(family, ops, {"len": n}, stack, dt, swap=swap, **kw).run()[0], out)
 
 
 def saxpy(a, alpha, b, out=None):
@@ -611,15 +629,7 @@ def saxpy(a, alpha, b, out=None):
     >>> kelm.saxpy([1., 2.], 2.0, [1., 1.])
     array([3., 5.])
     """
-    (a, b), dt = _vectors((a, "a"), (b, "b"))
-    n = a.shape[-1]
-    stack = stack_of([(a, 1), (b, 1)], ["a", "b"])
-    check_out(out, stack + (n,), dt)
-    if n == 0:
-        return finish(np.empty(stack + (n,), dt), out)
-    ops = [Op(spread(a, stack, 1), core=1, letter="v"), Op(float(alpha), core=0, fixed=True),
-           Op(spread(b, stack, 1), core=1, letter="v"), out_op(out, dt, 1, (n,))]
-    return finish(Call("Saxpy", ops, {"len": n}, stack, dt).run()[0], out)
+    return _scaled_pair("Saxpy", a, [float(alpha)], b, [], out)
 
 
 def has(member):
