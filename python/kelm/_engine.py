@@ -341,13 +341,10 @@ class Call:
                 if kind not in ("out", "piv", "cpiv"):
                     return False
                 continue
-            base = kind[0]
-            if base not in "mtvc" or kind in ("cpiv",):
+            if kind not in ("m", "ma", "t", "ta", "v", "va", "c", "ca"):
                 return False
             want = op.letter or ("m" if op.core == 2 else "v" if op.core == 1 else "c")
-            if base != want and not (want == "m" and base == "m"):
-                return False
-            if kind.endswith("a") != bool(array):
+            if kind[0] != want or kind.endswith("a") != bool(array):
                 return False
         return True
 
