@@ -4,7 +4,10 @@
 set -euo pipefail
 need=()
 have() { dpkg -s "$1" >/dev/null 2>&1; }
-for p in build-essential cmake python3 libgtest-dev libbenchmark-dev libeigen3-dev liblapack-dev pkg-config; do
+# The Python package is built and tested with Debian's interpreter and its
+# numpy, pytest, dask and matplotlib (bench plot).
+for p in build-essential cmake python3 libgtest-dev libbenchmark-dev libeigen3-dev liblapack-dev pkg-config \
+         python3-dev python3-numpy python3-pytest python3-dask python3-distributed python3-matplotlib; do
   have "$p" || need+=("$p")
 done
 command -v nm >/dev/null || need+=(binutils)

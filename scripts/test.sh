@@ -15,13 +15,15 @@ step() { printf '\n== %s\n' "$*"; }
 step "optimised build and tests"
 cmake -S . -B build -DCMAKE_BUILD_TYPE=Release >/dev/null
 cmake --build build -j"$jobs"
+# ctest runs the Python package's tests too (the test "python": pytest with
+# PYTHONPATH=build/python and Debian's /usr/bin/python3).
 (cd build && ctest -j"$jobs" --output-on-failure)
 [ $quick = 1 ] && exit 0
 
 step "tests under AddressSanitizer and UndefinedBehaviorSanitizer"
 # -O1 keeps the instrumented build quick to compile and the tests quick to run.
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O1 -DKELM_SANITIZE=address,undefined \
-  -DKELM_BUILD_BENCH=OFF -DKELM_BUILD_DEMO=OFF >/dev/null
+  -DKELM_BUILD_BENCH=OFF -DKELM_BUILD_DEMO=OFF -DKELM_PYTHON=OFF >/dev/null
 cmake --build build-asan -j"$jobs"
 # OpenMP's runtime keeps its thread pool alive at exit: not a leak of ours.
 (cd build-asan && ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 ctest -j"$jobs" --output-on-failure)
@@ -41,7 +43,9 @@ cmake --build "$prefix/consumer" >/dev/null
 LD_LIBRARY_PATH="$prefix/lib" "$prefix/consumer/consumer"
 PKG_CONFIG_PATH="$prefix/lib/pkgconfig" cc -std=c99 tests/c_example.c $(PKG_CONFIG_PATH="$prefix/lib/pkgconfig" pkg-config --cflags --libs kelm) -o "$prefix/pc_example"
 LD_LIBRARY_PATH="$prefix/lib" "$prefix/pc_example"
-echo "installed kelm works through find_package and pkg-config"
+pysite=$(find "$prefix" -type d -name dist-packages | head -n1)
+PYTHONPATH="$pysite" /usr/bin/python3 -c "import kelm, numpy; assert kelm.det(numpy.eye(3)) == 1.0"
+echo "installed kelm works through find_package, pkg-config and Python"
 
 # Reaching this line means every stage above passed (the script stops at
 # the first failure).

@@ -35,6 +35,7 @@ Outputs:
     kelgen.py exports DIR       one C++ file of export functions per family
     kelgen.py mapfile OUT       the linker's export list
     kelgen.py registry OUT      the test registry
+    kelgen.py python OUT        the member table of the Python extension
     kelgen.py names             the exported names, one a line
 """
 import glob
@@ -363,6 +364,38 @@ def cmd_registry(fams, out):
     write_if_changed(out, text)
 
 
+def cmd_python(fams, out):
+    """One thunk per member that takes its arguments from an array of
+    tagged slots (pointer, integer or floating value), and one row per
+    member with its name, family, operand code, type, description, @shape
+    groups and argument names, so that the Python layer finds every member
+    and builds its arguments from the groups alone."""
+    thunks, rows = [], []
+    for k, m in enumerate(all_members(fams)):
+        args, _ = m.args()
+        call, kinds = [], []
+        for i, (t, _n, _gi, _f) in enumerate(args):
+            if t.endswith("*"):
+                call.append(f"({t})a[{i}].p")
+                kinds.append("p")
+            elif t in ("Kel32f", "Kel64f"):
+                call.append(f"static_cast<{t}>(a[{i}].d)")
+                kinds.append("f")
+            else:
+                call.append(f"static_cast<{t}>(a[{i}].i)")
+                kinds.append("i")
+        thunks.append(f"KelStatus t{k}(const kp::Slot* a) {{ return {m.name}({', '.join(call)}); }}")
+        groups = " ".join(g[1] if g[0] == "size" else f"{g[0]}:{g[1]}" for g in m.groups)
+        names = " ".join(n for _, n, _, _ in args)
+        rows.append(f'    {{"{m.name}", "{m.family.name}", "{m.code}", "{m.type}", "{m.desc}", '
+                    f'"{groups}", "{names}", "{"".join(kinds)}", t{k}}},')
+    text = "\n".join(
+        ["// Members of the library for the Python extension, generated from the member tables.", "",
+         "namespace {", ""] + thunks + ["", "}  // namespace", "", "const kp::Member kp::kMembers[] = {"] + rows +
+        ["};", f"const int kp::kMemberCount = {len(rows)};", ""])
+    write_if_changed(out, text)
+
+
 def write_if_changed(path, text):
     try:
         with open(path) as f:
@@ -385,6 +418,8 @@ def main():
         cmd_mapfile(fams, sys.argv[2])
     elif cmd == "registry":
         cmd_registry(fams, sys.argv[2])
+    elif cmd == "python":
+        cmd_python(fams, sys.argv[2])
     elif cmd == "names":
         for m in all_members(fams):
             print(m.name)
