@@ -98,6 +98,21 @@ private:
     std::vector<std::pair<int, size_t>> pinned_;
 };
 
+// One argument fault: the check step that catches it (N C Z M, b for a
+// Stride1/Stride2, 0 for a Stride0, R), what it is, and how to put it into a
+// call.
+struct Fault {
+    char step;
+    std::string what;
+    std::function<void(Case&, Call&)> apply;
+};
+// Every fault the argument groups of m can carry, from valid sizes.
+std::vector<Fault> faultsOf(const Member& m, const Sizes& valid);
+// The status a call with these faults returns, by the member's order.
+KelStatus expectedStatus(const Member& m, const std::vector<const Fault*>& faults, int count);
+// A status that argument checks return (as opposed to a numerical one).
+bool isCheckStatus(KelStatus st);
+
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
 
