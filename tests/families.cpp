@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <stdexcept>
@@ -136,6 +137,16 @@ void forEachTeamSize(const std::function<void(int threads)>& check)
     }
 }
 
+int forkingCount(const Member& m)
+{
+    if (!m.array) return 0;
+    const int32_t limit = std::max(m.limitPacked, m.limitStrided);
+    if (limit == kSerialOnly) return 0;
+    int c = 8;
+    while (evalEstimate(m.estimate, validSizes(m, c)) < limit && c < (1 << 20)) c += c / 2;
+    return c;
+}
+
 int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threads)
 {
     Case s = makeCase(member(name), sizes, Layout{form}, 31);
@@ -167,10 +178,9 @@ void Expected::check(KelStatus status) const
 // ---- argument faults ------------------------------------------------------------
 
 namespace {
-
 bool isArrayKind(const std::string& k) { return k.size() == 2 && k[1] == 'a'; }
+}  // namespace
 
-// Stride fields each group receives.
 std::vector<std::string> strideFields(const GroupInfo& g)
 {
     const std::string& k = g.kind;
@@ -185,6 +195,7 @@ std::vector<std::string> strideFields(const GroupInfo& g)
     return f;
 }
 
+namespace {
 bool hasShift(const GroupInfo& g)
 {
     if (g.kind == "ca") return g.desc == 'L';
@@ -193,6 +204,8 @@ bool hasShift(const GroupInfo& g)
     return g.desc == 'P' || (g.desc == 'L' && isArrayKind(g.kind));
 }
 
+}  // namespace
+
 int& field(CallGroup& g, const std::string& f)
 {
     if (f == "s0") return g.s0;
@@ -200,8 +213,6 @@ int& field(CallGroup& g, const std::string& f)
     if (f == "s2") return g.s2;
     return g.roi;
 }
-
-}  // namespace
 
 std::vector<Fault> faultsOf(const Member& m, const Sizes& valid)
 {

@@ -76,6 +76,11 @@ void expectResult(const Case& s, const std::vector<double>& expected);
 // turn (then back to the default); stops at the first fatal failure.
 void forEachTeamSize(const std::function<void(int threads)>& check);
 
+// The smallest count (at the member's valid sizes) whose estimate reaches
+// both of its limits, so that a call forks whatever its layout; 0 for
+// members that never fork.
+int forkingCount(const Member& m);
+
 // Runs a case of member `name` in a team of `threads` and returns how often
 // it asked for a thread count (0: serial; 2: the driver and its team).
 int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threads = 2);
@@ -106,6 +111,10 @@ struct Fault {
     std::string what;
     std::function<void(Case&, Call&)> apply;
 };
+// The stride arguments of a group ("s0", "s1", "s2"), and one of them (or
+// "roi") in a call's group.
+std::vector<std::string> strideFields(const GroupInfo& g);
+int& field(CallGroup& g, const std::string& f);
 // Every fault the argument groups of m can carry, from valid sizes.
 std::vector<Fault> faultsOf(const Member& m, const Sizes& valid);
 // The status a call with these faults returns, by the member's order.
