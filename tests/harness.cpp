@@ -438,7 +438,8 @@ Case makeSetup(const Member& m, const std::map<std::string, int>& sizes, const S
             if (static_cast<int>(k) == dst || src.constant || m.groups[k].isSize()) continue;
             bool sameKind = (src.info.kind == "ma" && d.info.kind == "ma") || (src.info.kind == "va" && d.info.kind == "va") ||
                             (src.info.kind == "m" && d.info.kind == "m") || (src.info.kind == "v" && d.info.kind == "v");
-            if (!sameKind || src.info.desc != d.info.desc) continue;
+            const bool sameShape = src.objects == d.objects && src.rows == d.rows && src.cols == d.cols;
+            if (!sameKind || !sameShape || src.info.desc != d.info.desc) continue;
             Operand copy = src;
             copy.info = d.info;
             s.ops[dst] = std::move(copy);

@@ -74,12 +74,15 @@ double special(uint8_t k, int elem)
     }
 }
 
-// P tables of sources may name one element position twice.
+// P tables of sources may name one element position twice (not the source
+// whose memory dst shares: dst's table stays as it was).
 void repeatPointers(Case& s, Input& in)
 {
     for (size_t g = 0; g < s.ops.size(); ++g) {
         Operand& op = s.ops[g];
-        if (op.info.desc != 'P' || mayWrite(op.info) || op.table.size() < 2 || op.info.kind == "ca") continue;
+        if (op.info.desc != 'P' || mayWrite(op.info) || op.table.size() < 2 || op.info.kind == "ca" ||
+            static_cast<int>(g) == s.inPlaceOf)
+            continue;
         const size_t P = op.table.size(), to = in.byte() % P, from = in.byte() % P;
         op.table[to] = op.table[from];
         for (size_t n = 0; n < op.offsets.size() / P; ++n) op.offsets[n * P + to] = op.offsets[n * P + from];
@@ -127,35 +130,46 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     for (int k = in.byte() % 8; k > 0; --k) {
         Operand& op = s.ops[in.byte() % s.ops.size()];
         const uint8_t where = in.byte(), what = in.byte();
-        if (op.info.isSize() || mayWrite(op.info) || op.offsets.empty()) continue;
+        // Pivot tables hold row numbers that the decomposition wrote: not values.
+        if (op.info.isSize() || mayWrite(op.info) || op.offsets.empty() || op.info.kind == "cpiv") continue;
         const size_t e = where % op.offsets.size();
         const int per = op.rows * op.cols;
         op.set(int(e / per), int(e % per / op.cols), int(e % op.cols), special(what, op.elem));
     }
     repeatPointers(s, in);
 
-    // Up to two argument faults.
-    const Sizes valid = sizes;
-    const auto faults = faultsOf(m, valid);
-    const int nf = faults.empty() ? 0 : in.byte() % 4;
+    // Up to two argument faults, at sizes that fit together (other sizes may
+    // fail a mismatch step of their own).
+    const bool valid = sizes == validSizes(m, count);
+    const auto faults = faultsOf(m, sizes);
+    const int nf = faults.empty() || !valid ? 0 : in.byte() % 4;
     if (nf == 1 || nf == 2) {
         std::vector<const Fault*> chosen;
+        std::string what;
         Call c = s.call();
         for (int k = 0; k < nf; ++k) {
-            chosen.push_back(&faults[in.byte() % faults.size()]);
-            chosen.back()->apply(s, c);
+            const Fault* f = &faults[in.byte() % faults.size()];
+            // Two faults of one step may undo each other (two sizes changed alike).
+            if (k == 1 && f->step == chosen[0]->step) break;
+            chosen.push_back(f);
+            f->apply(s, c);
+            what += "; " + chosen.back()->what;
         }
         const KelStatus want = expectedStatus(m, chosen, c.size("count") > 0 ? c.size("count") : count);
         if (want != kelStsNoErr) {
             const auto before = s.snapshot();
             const KelStatus got = m.invoke(c);
             if (got != want)
-                fail(s, "a fault returned " + std::to_string(got) + " instead of " + std::to_string(want));
+                fail(s, "a fault returned " + std::to_string(got) + " instead of " + std::to_string(want) + what);
             const std::string diff = compareUntouched(s, before);
             if (!diff.empty()) fail(s, "a refused call wrote: " + diff);
             return 0;
         }
     }
+
+    // KELM_FUZZ_SHOW=1 names each call before it runs (for replaying a crash).
+    static const bool show = std::getenv("KELM_FUZZ_SHOW") != nullptr;
+    if (show) std::fprintf(stderr, "kelm fuzz: %s (edge %s)\n", describe(s).c_str(), edge == Edge::After ? "after" : "before");
 
     // The call at one thread beside guard pages, and at three.
     const auto before = s.snapshot();
