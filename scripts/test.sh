@@ -20,13 +20,34 @@ cmake --build build -j"$jobs"
 (cd build && ctest -j"$jobs" --output-on-failure)
 [ $quick = 1 ] && exit 0
 
-step "tests under AddressSanitizer and UndefinedBehaviorSanitizer"
+step "tests under AddressSanitizer and UndefinedBehaviorSanitizer (clang), and the fuzz target"
 # -O1 keeps the instrumented build quick to compile and the tests quick to run.
-cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O1 -DKELM_SANITIZE=address,undefined \
-  -DKELM_BUILD_BENCH=OFF -DKELM_BUILD_DEMO=OFF -DKELM_PYTHON=OFF >/dev/null
+CC=clang CXX=clang++ cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O1 \
+  -DKELM_SANITIZE=address,undefined -DKELM_FUZZ=ON -DKELM_BUILD_BENCH=OFF -DKELM_BUILD_DEMO=OFF -DKELM_PYTHON=OFF >/dev/null
 cmake --build build-asan -j"$jobs"
 # OpenMP's runtime keeps its thread pool alive at exit: not a leak of ours.
-(cd build-asan && ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 ctest -j"$jobs" --output-on-failure)
+export ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1
+(cd build-asan && ctest -j"$jobs" --output-on-failure)
+# Two minutes of fuzzing over every member, from the seed corpus
+# (scripts/fuzz.sh runs longer).
+corpus=$(mktemp -d)
+if ! ./build-asan/tests/kelm_fuzz -max_total_time=120 -timeout=60 -print_final_stats=1 "$corpus" tests/fuzz/corpus \
+    >"$corpus/log" 2>&1; then
+  tail -n 60 "$corpus/log"
+  exit 1
+fi
+grep -E '^stat::(number_of_executed_units|new_units_added)' "$corpus/log"
+rm -rf "$corpus"
+unset ASAN_OPTIONS UBSAN_OPTIONS
+
+step "callers on many threads and the parallel drivers under ThreadSanitizer (clang, LLVM's OpenMP)"
+CC=clang CXX=clang++ cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O1 \
+  -DKELM_SANITIZE=thread -DKELM_BUILD_BENCH=OFF -DKELM_BUILD_DEMO=OFF -DKELM_PYTHON=OFF >/dev/null
+cmake --build build-tsan -j"$jobs" --target kelm_tests
+# Archer tells ThreadSanitizer what the OpenMP runtime synchronises.
+OMP_TOOL_LIBRARIES="$(dirname "$(readlink -f "$(command -v clang)")")/../lib/libarcher.so" TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1" \
+  OMP_WAIT_POLICY=passive ./build-tsan/tests/kelm_tests --gtest_brief=1 \
+  --gtest_filter='Concurrency.*:Driver.*:All/Limits.SameResultForEveryTeamSize/*'
 
 step "static libraries"
 cmake -S . -B build-static -DCMAKE_BUILD_TYPE=Release -DKELM_STATIC=ON -DKELM_BUILD_TESTS=OFF \
@@ -49,4 +70,4 @@ echo "installed kelm works through find_package, pkg-config and Python"
 
 # Reaching this line means every stage above passed (the script stops at
 # the first failure).
-echo "stages: 4 passed, 0 failed"
+echo "stages: 5 passed, 0 failed"

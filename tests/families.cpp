@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <stdexcept>
@@ -136,6 +137,16 @@ void forEachTeamSize(const std::function<void(int threads)>& check)
     }
 }
 
+int forkingCount(const Member& m)
+{
+    if (!m.array) return 0;
+    const int32_t limit = std::max(m.limitPacked, m.limitStrided);
+    if (limit == kSerialOnly) return 0;
+    int c = 8;
+    while (evalEstimate(m.estimate, validSizes(m, c)) < limit && c < (1 << 20)) c += c / 2;
+    return c;
+}
+
 int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threads)
 {
     Case s = makeCase(member(name), sizes, Layout{form}, 31);
@@ -162,6 +173,133 @@ void Expected::check(KelStatus status) const
     ASSERT_EQ(s_.run(), status) << describe(s_);
     const std::string diff = compareAfterBits(s_, want_, {}, pinned_);
     ASSERT_TRUE(diff.empty()) << diff;
+}
+
+// ---- argument faults ------------------------------------------------------------
+
+namespace {
+bool isArrayKind(const std::string& k) { return k.size() == 2 && k[1] == 'a'; }
+}  // namespace
+
+std::vector<std::string> strideFields(const GroupInfo& g)
+{
+    const std::string& k = g.kind;
+    if (k == "c" || k == "out" || k == "buf" || k == "piv" || k == "cpiv" || g.isSize()) return {};
+    if (k == "ca") return g.desc == 'L' ? std::vector<std::string>{} : std::vector<std::string>{"s0"};
+    const bool vec = k[0] == 'v';
+    if (g.desc == 'P') return isArrayKind(k) ? std::vector<std::string>{"s0"} : std::vector<std::string>{};
+    std::vector<std::string> f;
+    if (g.desc == 'S' && isArrayKind(k)) f.push_back("s0");
+    if (!vec) f.push_back("s1");
+    f.push_back("s2");
+    return f;
+}
+
+namespace {
+bool hasShift(const GroupInfo& g)
+{
+    if (g.kind == "ca") return g.desc == 'L';
+    if (g.kind == "c" || g.kind == "out" || g.kind == "buf" || g.kind == "piv" || g.kind == "cpiv" || g.isSize())
+        return false;
+    return g.desc == 'P' || (g.desc == 'L' && isArrayKind(g.kind));
+}
+
+}  // namespace
+
+int& field(CallGroup& g, const std::string& f)
+{
+    if (f == "s0") return g.s0;
+    if (f == "s1") return g.s1;
+    if (f == "s2") return g.s2;
+    return g.roi;
+}
+
+std::vector<Fault> faultsOf(const Member& m, const Sizes& valid)
+{
+    std::vector<Fault> out;
+    const int e = m.elem;
+    if (family(m).mismatches)
+        for (auto& change : family(m).mismatches(m, valid)) {
+            std::string what = "mismatch";
+            for (auto& kv : change) what += " " + kv.first + "=" + std::to_string(kv.second);
+            out.push_back({'M', what, [change](Case&, Call& c) {
+                               for (auto& kv : change) c.sizes[kv.first] = kv.second;
+                           }});
+        }
+    for (size_t k = 0; k < m.groups.size(); ++k) {
+        const GroupInfo& g = m.groups[k];
+        if (g.isSize()) {
+            if (g.prefix == "count") {
+                out.push_back({'C', "count 0", [](Case&, Call& c) { c.sizes["count"] = 0; }});
+                out.push_back({'C', "count -1", [](Case&, Call& c) { c.sizes["count"] = -1; }});
+            } else {
+                std::string n = g.prefix;
+                out.push_back({'Z', n + " 0", [n](Case&, Call& c) { c.sizes[n] = 0; }});
+            }
+            continue;
+        }
+        if (g.kind != "c") {
+            // Dense buffers, scratch and pivot tables are plain pointers in every description.
+            const bool plain = g.kind == "out" || g.kind == "buf" || g.kind == "piv" || g.kind == "cpiv";
+            const bool table = !plain && (g.desc == 'P' ? g.kind != "ca" : (g.desc == 'L' && isArrayKind(g.kind)));
+            out.push_back({'N', g.prefix + " null", [k, table](Case&, Call& c) {
+                               if (table) c.g[k].pp = nullptr;
+                               else c.g[k].p = nullptr;
+                           }});
+        }
+        int variant = 0;
+        for (auto& f : strideFields(g)) {
+            // 0, negative, and not a multiple of the element size (12 in 64f is one).
+            const int bad[] = {0, -e, e == 4 ? 2 : 12};
+            const int v = bad[variant++ % 3];
+            out.push_back({f == "s0" ? '0' : 'b', g.prefix + " " + f + "=" + std::to_string(v),
+                           [k, f, v](Case&, Call& c) { field(c.g[k], f) = v; }});
+        }
+        if (hasShift(g)) {
+            for (int v : {-e, 2})
+                out.push_back({'R', g.prefix + " roi=" + std::to_string(v),
+                               [k, v](Case&, Call& c) { c.g[k].roi = v; }});
+        }
+    }
+    return out;
+}
+
+// The status a call with these faults returns, by the member's order.
+KelStatus expectedStatus(const Member& m, const std::vector<const Fault*>& faults, int count)
+{
+    for (char step : m.order) {
+        for (const Fault* f : faults) {
+            char s = f->step;
+            bool hit = false;
+            switch (step) {
+            case 'N': hit = s == 'N'; break;
+            case 'C': hit = s == 'C'; break;
+            case 'Z': hit = s == 'Z'; break;
+            case 'M': hit = s == 'M'; break;
+            case 'B': hit = s == 'b' || s == '0'; break;
+            case 'b': hit = s == 'b'; break;
+            case '0': hit = s == '0' && count > 1; break;
+            case 'R': hit = s == 'R'; break;
+            default: break;
+            }
+            if (!hit) continue;
+            switch (step) {
+            case 'N': return kelStsNullPointer;
+            case 'C': return kelStsBadCount;
+            case 'Z': return kelStsBadSize;
+            case 'M': return kelStsSizeMismatch;
+            case 'R': return kelStsBadRoiShift;
+            default: return kelStsBadStride;
+            }
+        }
+    }
+    return kelStsNoErr;
+}
+
+bool isCheckStatus(KelStatus st)
+{
+    return st == kelStsNullPointer || st == kelStsBadCount || st == kelStsBadSize || st == kelStsSizeMismatch ||
+           st == kelStsBadStride || st == kelStsBadRoiShift;
 }
 
 // Recursive descent over + * ( ) and names, in uint32 arithmetic.

@@ -77,6 +77,11 @@ void expectResult(const Case& s, const std::vector<double>& expected);
 // turn (then back to the default); stops at the first fatal failure.
 void forEachTeamSize(const std::function<void(int threads)>& check);
 
+// The smallest count (at the member's valid sizes) whose estimate reaches
+// both of its limits, so that a call forks whatever its layout; 0 for
+// members that never fork.
+int forkingCount(const Member& m);
+
 // Runs a case of member `name` in a team of `threads` and returns how often
 // it asked for a thread count (0: serial; 2: the driver and its team).
 int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threads = 2);
@@ -127,6 +132,25 @@ inline Blocks teamBlocks(int count, int t)
         b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
     return b;
 }
+
+// One argument fault: the check step that catches it (N C Z M, b for a
+// Stride1/Stride2, 0 for a Stride0, R), what it is, and how to put it into a
+// call.
+struct Fault {
+    char step;
+    std::string what;
+    std::function<void(Case&, Call&)> apply;
+};
+// The stride arguments of a group ("s0", "s1", "s2"), and one of them (or
+// "roi") in a call's group.
+std::vector<std::string> strideFields(const GroupInfo& g);
+int& field(CallGroup& g, const std::string& f);
+// Every fault the argument groups of m can carry, from valid sizes.
+std::vector<Fault> faultsOf(const Member& m, const Sizes& valid);
+// The status a call with these faults returns, by the member's order.
+KelStatus expectedStatus(const Member& m, const std::vector<const Fault*>& faults, int count);
+// A status that argument checks return (as opposed to a numerical one).
+bool isCheckStatus(KelStatus st);
 
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);

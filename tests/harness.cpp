@@ -1,9 +1,12 @@
 #include "harness.h"
 
 #include <omp.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
+#include <memory>
 #include <numeric>
 #include <sstream>
 #include <stdexcept>
@@ -357,6 +360,29 @@ Call Case::call() const
     return c;
 }
 
+Case::Case(const Case& other) { *this = other; }
+
+Case& Case::operator=(const Case& other)
+{
+    if (this == &other) return *this;
+    m = other.m, ops = other.ops, sizes = other.sizes, inPlaceOf = other.inPlaceOf, forked = other.forked;
+    const int dst = m ? dstGroup(*m) : -1;
+    for (size_t k = 0; k < ops.size(); ++k) {
+        // In place, dst's pointers lead into the memory of the source it shares.
+        const size_t h = inPlaceOf >= 0 && static_cast<int>(k) == dst ? size_t(inPlaceOf) : k;
+        const unsigned char* from = other.ops[h].arena.data();
+        unsigned char* to = ops[h].arena.data();
+        auto rebase = [&](void* q) { return static_cast<void*>(to + (static_cast<unsigned char*>(q) - from)); };
+        Operand& op = ops[k];
+        if (op.args.p) op.args.p = rebase(op.args.p);
+        if (op.args.pp) {
+            for (auto& t : op.table) t = rebase(t);
+            op.args.pp = op.table.data();
+        }
+    }
+    return *this;
+}
+
 KelStatus Case::run() const
 {
     const int before = threadQueries();
@@ -412,7 +438,8 @@ Case makeSetup(const Member& m, const std::map<std::string, int>& sizes, const S
             if (static_cast<int>(k) == dst || src.constant || m.groups[k].isSize()) continue;
             bool sameKind = (src.info.kind == "ma" && d.info.kind == "ma") || (src.info.kind == "va" && d.info.kind == "va") ||
                             (src.info.kind == "m" && d.info.kind == "m") || (src.info.kind == "v" && d.info.kind == "v");
-            if (!sameKind || src.info.desc != d.info.desc) continue;
+            const bool sameShape = src.objects == d.objects && src.rows == d.rows && src.cols == d.cols;
+            if (!sameKind || !sameShape || src.info.desc != d.info.desc) continue;
             Operand copy = src;
             copy.info = d.info;
             s.ops[dst] = std::move(copy);
@@ -502,6 +529,113 @@ std::string compareUntouched(const Case& s, const std::vector<std::vector<unsign
     for (size_t g = 0; g < s.ops.size(); ++g)
         if (s.ops[g].arena != before[g]) return "group " + s.ops[g].info.prefix + " was written in " + describe(s);
     return "";
+}
+
+}  // namespace kt
+
+namespace kt {
+
+bool mayWrite(const GroupInfo& g) { return g.isWritten() || g.kind == "piv" || g.kind == "buf"; }
+
+std::string compareOutsideWritten(const Case& s, const std::vector<std::vector<unsigned char>>& before)
+{
+    auto want = before;
+    for (size_t g = 0; g < s.ops.size(); ++g) {
+        const Operand& op = s.ops[g];
+        if (op.info.isSize() || op.constant || !mayWrite(op.info)) continue;
+        const size_t home = s.inPlaceOf >= 0 && static_cast<int>(g) == dstGroup(*s.m) ? s.inPlaceOf : g;
+        for (int64_t o : op.offsets)
+            std::memcpy(want[home].data() + o, s.ops[home].arena.data() + o, op.elem);
+    }
+    return compareAfterBits(s, want, {});
+}
+
+namespace {
+// Pages for one operand slot of runPlaced, kept from call to call (mapping
+// and protecting pages for each call would cost more than the calls): a
+// usable run with a page at one end that is closed, or open for the
+// reference runs.
+class Region {
+public:
+    Region(Edge edge, bool protect) : edge_(edge), protect_(protect) {}
+    ~Region() { release(); }
+    // Where `bytes` bytes start so that they meet the edge page.
+    char* fit(size_t bytes)
+    {
+        if (bytes > usable_) grow(bytes);
+        return edge_ == Edge::After ? base_ + usable_ - bytes : base_ + page_;
+    }
+
+private:
+    void release()
+    {
+        if (base_) munmap(base_, usable_ + page_);
+        base_ = nullptr;
+    }
+    void grow(size_t bytes)
+    {
+        release();
+        page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+        usable_ = std::max<size_t>(16 * page_, (bytes + page_ - 1) / page_ * page_);
+        void* p = mmap(nullptr, usable_ + page_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (p == MAP_FAILED) throw std::runtime_error("mmap failed");
+        base_ = static_cast<char*>(p);
+        if (protect_) mprotect(edge_ == Edge::After ? base_ + usable_ : base_, page_, PROT_NONE);
+    }
+    Edge edge_;
+    bool protect_;
+    char* base_ = nullptr;
+    size_t usable_ = 0, page_ = 0;
+};
+
+Region& regionFor(size_t slot, Edge edge, bool protect)
+{
+    thread_local std::vector<std::unique_ptr<Region>> regions;
+    const size_t k = slot * 4 + (edge == Edge::After ? 0 : 2) + (protect ? 1 : 0);
+    if (regions.size() <= k) regions.resize(k + 1);
+    if (!regions[k]) regions[k] = std::make_unique<Region>(edge, protect);
+    return *regions[k];
+}
+}  // namespace
+
+KelStatus runPlaced(Case& s, Edge edge, bool protect)
+{
+    const int dst = dstGroup(*s.m);
+    auto homeOf = [&](size_t k) { return s.inPlaceOf >= 0 && static_cast<int>(k) == dst ? size_t(s.inPlaceOf) : k; };
+    // Where arena byte 0 of each operand would lie, and the bytes placed.
+    std::vector<char*> at(s.ops.size(), nullptr);
+    std::vector<size_t> first(s.ops.size(), 0), last(s.ops.size(), 0);
+    for (size_t k = 0; k < s.ops.size(); ++k) {
+        const Operand& op = s.ops[k];
+        if (op.info.isSize() || op.constant || homeOf(k) != k || op.offsets.empty()) continue;
+        int64_t lo = INT64_MAX, hi = 0;
+        for (int64_t o : op.offsets) lo = std::min(lo, o), hi = std::max(hi, o + op.elem);
+        first[k] = edge == Edge::Before ? size_t(lo) : 0;
+        last[k] = edge == Edge::After ? size_t(hi) : op.arena.size();
+        char* start = regionFor(k, edge, protect).fit(last[k] - first[k]);
+        std::memcpy(start, op.arena.data() + first[k], last[k] - first[k]);
+        at[k] = start - first[k];
+    }
+    Case g = s;
+    auto moved = [&](size_t k, const void* q) {
+        const size_t h = homeOf(k);
+        const char* from = reinterpret_cast<const char*>(g.ops[h].arena.data());
+        return static_cast<void*>(at[h] + (static_cast<const char*>(q) - from));
+    };
+    for (size_t k = 0; k < g.ops.size(); ++k) {
+        Operand& op = g.ops[k];
+        if (op.info.isSize() || op.constant || op.offsets.empty()) continue;
+        if (op.args.p) op.args.p = moved(k, op.args.p);
+        if (op.args.pp) {
+            for (auto& t : op.table) t = moved(k, t);
+            op.args.pp = op.table.data();
+        }
+    }
+    const KelStatus st = g.run();
+    s.forked = g.forked;
+    for (size_t k = 0; k < s.ops.size(); ++k)
+        if (at[k]) std::memcpy(s.ops[k].arena.data() + first[k], at[k] + first[k], last[k] - first[k]);
+    return st;
 }
 
 }  // namespace kt

@@ -144,6 +144,13 @@ struct Case {
     // count twice), so it worked in the team's scratch, not in a buf group.
     mutable bool forked = false;
 
+    Case() = default;
+    // A copy owns its memory: its pointers and tables lead into its own arenas.
+    Case(const Case& other);
+    Case& operator=(const Case& other);
+    Case(Case&&) = default;
+    Case& operator=(Case&&) = default;
+
     Call call() const;
     KelStatus run() const;
     // Arenas as they are now (dst arena omitted when in place).
@@ -161,6 +168,26 @@ using ShapeFn = std::function<Shape(const Member&, const GroupInfo&, const std::
 // array source of its own kind and description.
 Case makeSetup(const Member& m, const std::map<std::string, int>& sizes, const ShapeFn& shape, const Layout& lay,
                 uint32_t seed, bool inPlace = false);
+
+// ---- placement beside pages that may not be touched ----------------------------
+
+// Which end of every operand meets a page that may not be touched.
+enum class Edge { After, Before };
+
+// Runs the case with every operand copied into pages of its own, placed so
+// that its last named element ends right before such a page (After) or its
+// first named element starts right after one (Before).  With `protect` false
+// the placement is the same but the page stays open: a reference run at the
+// same addresses modulo the page, for kernels whose path depends on them.
+// The arenas hold what the call left; bytes cut off by the page are kept.
+KelStatus runPlaced(Case& s, Edge edge, bool protect = true);
+
+// Groups a call may write: its dst groups, pivot tables and scratch.
+bool mayWrite(const GroupInfo& g);
+
+// Every byte is as in `before` but for the elements of the groups the call
+// may write; empty when so, else where it is not.
+std::string compareOutsideWritten(const Case& s, const std::vector<std::vector<unsigned char>>& before);
 
 // Element size helpers.
 uint64_t toBits(double v, int elem);
