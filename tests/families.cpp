@@ -154,12 +154,13 @@ void Expected::put(int group, int n, int r, int c, uint64_t bits)
     const Operand& op = s_.ops[group];
     const int home = group == dstGroup(*s_.m) && s_.inPlaceOf >= 0 ? s_.inPlaceOf : group;
     std::memcpy(want_[home].data() + op.offsets[op.index(n, r, c)], &bits, op.elem);
+    if (op.info.kind == "buf") pinned_.emplace_back(group, static_cast<size_t>(op.index(n, r, c)));
 }
 
 void Expected::check(KelStatus status) const
 {
     ASSERT_EQ(s_.run(), status) << describe(s_);
-    const std::string diff = compareAfterBits(s_, want_, {});
+    const std::string diff = compareAfterBits(s_, want_, {}, pinned_);
     ASSERT_TRUE(diff.empty()) << diff;
 }
 

@@ -86,7 +86,8 @@ int queriesFor(const std::string& name, const Sizes& sizes, Form form, int threa
 class Expected {
 public:
     explicit Expected(const Case& s);
-    // Element (n, r, c) of `group` holds these bits (its element size of them).
+    // Element (n, r, c) of `group` holds these bits (its element size of them);
+    // in a buf group this pins an element that the call may otherwise use freely.
     void put(int group, int n, int r, int c, uint64_t bits);
     // Runs the case: the status must be `status` and every byte as set up.
     void check(KelStatus status = kelStsNoErr) const;
@@ -94,6 +95,7 @@ public:
 private:
     const Case& s_;
     std::vector<std::vector<unsigned char>> want_;
+    std::vector<std::pair<int, size_t>> pinned_;
 };
 
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.

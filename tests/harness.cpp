@@ -357,6 +357,14 @@ Call Case::call() const
     return c;
 }
 
+KelStatus Case::run() const
+{
+    const int before = threadQueries();
+    const KelStatus st = m->invoke(call());
+    forked = threadQueries() - before >= 2;
+    return st;
+}
+
 std::vector<std::vector<unsigned char>> Case::snapshot() const
 {
     std::vector<std::vector<unsigned char>> out;
@@ -450,9 +458,19 @@ std::string compareAfter(const Case& s, const std::vector<std::vector<unsigned c
 }
 
 std::string compareAfterBits(const Case& s, const std::vector<std::vector<unsigned char>>& before,
-                             const std::vector<uint64_t>& expected)
+                             const std::vector<uint64_t>& expected, const std::vector<std::pair<int, size_t>>& pinned)
 {
     auto want = before;
+    // A serial call may use the caller's scratch as it likes.
+    for (size_t g = 0; g < s.ops.size() && !s.forked; ++g) {
+        const Operand& op = s.ops[g];
+        if (op.info.kind != "buf") continue;
+        for (size_t k = 0; k < op.offsets.size(); ++k) {
+            if (std::find(pinned.begin(), pinned.end(), std::make_pair(static_cast<int>(g), k)) != pinned.end())
+                continue;
+            std::memcpy(want[g].data() + op.offsets[k], op.arena.data() + op.offsets[k], op.elem);
+        }
+    }
     const int d = dstGroup(*s.m);
     const int home = s.inPlaceOf >= 0 ? s.inPlaceOf : d;
     const Operand& dst = s.ops[d];

@@ -15,6 +15,7 @@
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kelm.h"
@@ -139,9 +140,12 @@ struct Case {
     std::vector<Operand> ops;  // parallel to m->groups (sizes have empty ops)
     std::map<std::string, int> sizes;
     int inPlaceOf = -1;        // dst shares the memory of this group
+    // Set by run(): the call formed a team (its driver asked for a thread
+    // count twice), so it worked in the team's scratch, not in a buf group.
+    mutable bool forked = false;
 
     Call call() const;
-    KelStatus run() const { return m->invoke(call()); }
+    KelStatus run() const;
     // Arenas as they are now (dst arena omitted when in place).
     std::vector<std::vector<unsigned char>> snapshot() const;
 };
@@ -171,6 +175,10 @@ int dstGroup(const Member& m);
 
 // Compares every arena with `before`, except that the dst elements must hold
 // `expected` (indexed like the dst operand's elements, in the element type).
+// The elements of a buf group (the caller's scratch) may hold anything after
+// a serial call, but for those named in `pinned` (group, element index); after
+// a call that formed a team every byte of it must be as it was.  The bytes
+// around a buf's elements are always compared.
 // Returns an empty string when all bytes are as they should be, else a
 // description of the first difference.
 std::string compareAfter(const Case& s, const std::vector<std::vector<unsigned char>>& before,
@@ -178,7 +186,8 @@ std::string compareAfter(const Case& s, const std::vector<std::vector<unsigned c
 // The same with the expected elements as bit patterns (low `elem` bytes),
 // for results that must arrive bit for bit (NaN payloads included).
 std::string compareAfterBits(const Case& s, const std::vector<std::vector<unsigned char>>& before,
-                             const std::vector<uint64_t>& expected);
+                             const std::vector<uint64_t>& expected,
+                             const std::vector<std::pair<int, size_t>>& pinned = {});
 
 // Every byte of every arena as it was.
 std::string compareUntouched(const Case& s, const std::vector<std::vector<unsigned char>>& before);
