@@ -12,11 +12,14 @@
 
 #include <cmath>
 #include <cstdint>
+#include <type_traits>
 
 #include "factor/cofactors.h"
 #include "factor/workmatrix.h"
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/pairs.h"
+#include "frame/simd.h"
 #include "frame/view.h"
 
 namespace kel::factor {
@@ -68,20 +71,29 @@ struct DetKernel {
     KelStatus bySize(int32_t count, void* scratch, const S& src, const Dense<T>& dst) const
     {
         const Walk<W, S> in(src);
-        auto each = [&](auto one) {
-            for (int32_t k = 0; k < count; ++k) store<T>(dst.at(k), one(in[k]));
-        };
         switch (n) {
-        case 3: each([](const auto& a) { return detClosed<3, T>(a); }); break;
-        case 4: each([](const auto& a) { return detClosed<4, T>(a); }); break;
-        case 5: each([](const auto& a) { return detClosed<5, T>(a); }); break;
-        case 6: each([](const auto& a) { return detClosed<6, T>(a); }); break;
+        case 3: closedForms<3>(count, in, dst); break;
+        case 4: closedForms<4>(count, in, dst); break;
+        case 5: closedForms<5>(count, in, dst); break;
+        case 6: closedForms<6>(count, in, dst); break;
         default: {
             const WorkMatrix<T> w{static_cast<char*>(scratch), n};
-            each([&](const auto& a) { return detByElimination<T>(n, a, w, S::array); });
+            for (int32_t k = 0; k < count; ++k) store<T>(dst.at(k), detByElimination<T>(n, in[k], w, S::array));
         }
         }
         return kelStsNoErr;
+    }
+
+    // Orders 3 and 4 in double precision go two objects at a time, one in
+    // each lane, with the arithmetic of one.
+    template <int N, class In, class T>
+    static void closedForms(int32_t count, const In& in, const Dense<T>& dst)
+    {
+        int32_t k = 0;
+        if constexpr (std::is_same<T, double>::value && N <= 4)
+            for (; k + 1 < count; k += 2)
+                _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(simd::pairOf(in[k], in[k + 1])).v);
+        for (; k < count; ++k) store<T>(dst.at(k), detClosed<N, T>(in[k]));
     }
 
     template <class S, class T>

@@ -28,6 +28,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "factor/cofactors.h"
@@ -35,6 +36,7 @@
 #include "factor/workmatrix.h"
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 
@@ -240,6 +242,36 @@ struct InvertKernel {
         return kelStsNoErr;
     }
 
+    // Double precision at orders 3 and 4: two objects at a time, one in each
+    // lane, with the arithmetic of one; the first is tested and written
+    // before the second.
+    template <int N, bool Packed, class In, class Out>
+    static KelStatus closedPairs(int32_t count, const In& in, const Out& out)
+    {
+        constexpr double t = closedTolerance<double, N>(Packed);
+        int32_t k = 0;
+        for (; k + 1 < count; k += 2) {
+            simd::DoublePair a[N][N];
+            const auto src = simd::pairOf(in[k], in[k + 1]);
+            unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { a[j][i] = src.get(j, i); }); });
+            const Adjugate<N, simd::DoublePair> adj = laplaceAdjugate(a);
+            if (belowTolerance(t, adj.det.first())) return kelStsSingular;
+            const bool second = !belowTolerance(t, adj.det.second());
+            const simd::DoublePair r = simd::DoublePair(1.0) / adj.det;
+            const auto d0 = out[k], d1 = out[k + 1];
+            unrolled<N>([&](auto i) {
+                unrolled<N>([&](auto j) {
+                    const simd::DoublePair m = adj.minor[i][j];
+                    const simd::DoublePair x = ((i + j) % 2 ? simd::DoublePair(0.0) - m : m) * r;
+                    d0.put(j, i, x.first());
+                    if (second) d1.put(j, i, x.second());
+                });
+            });
+            if (!second) return kelStsSingular;
+        }
+        return k < count ? closed<N, Packed, double>()(in[k], out[k]) : kelStsNoErr;
+    }
+
     template <int N, bool Packed, class T>
     static auto closed()
     {
@@ -283,6 +315,7 @@ struct InvertKernel {
                 return each(count, in, out, [](const auto& s, const auto& d) {
                     return ownInvert3x3_32f(s.base, s.s1, d.base, d.s1);
                 });
+            else if constexpr (std::is_same<T, double>::value) return closedPairs<3, packed>(count, in, out);
             else return each(count, in, out, closed<3, packed, T>());
         case 4:
             if constexpr (estimates) {
