@@ -13,6 +13,9 @@
  * 3. Vectors and reductions: cross products of 1000 pairs of 3-vectors,
  *    their dot products with the inputs (zero up to rounding), their
  *    lengths, and the trace and Frobenius norm of an identity matrix.
+ * 3. Invert the same matrices and take their determinants: the product of
+ *    a matrix and its inverse is the identity, and the determinant of the
+ *    inverse is the reciprocal of the matrix's.
  *
  * Every kelm function returns a status: kelStsNoErr (0) or a negative code.
  * Strides and shifts are counted in bytes. */
@@ -374,6 +377,35 @@ static void vectorDemo(void)
     expect(kelmFrobNorm_m_32f(&eye[0][0], N * e, e, N, N, &frob), kelStsNoErr, "kelmFrobNorm_m_32f");
     printf("   identity %dx%d: trace %g, Frobenius norm %g\n", N, N, trace, frob);
     if (trace != 4.0f || frob != 2.0f) failed = 1;
+/* ---- 3. Inverses and determinants ------------------------------------------ */
+
+static Kel64f inv64[COUNT * N * N], det64[COUNT], detInv64[COUNT];
+
+static void invertDemo(void)
+{
+    const int e = sizeof(Kel64f), row = N * e, obj = N * row;
+    Kel64f scratch[N * (N + 1)]; /* one object's work space, needed by every call */
+    double worst = 0.0, worstDet = 0.0;
+    int k, i, j, c;
+
+    printf("\n3. Inverting the %d matrices and taking determinants\n", COUNT);
+    expect(kelmInvert_ma_64f(a64, obj, row, e, scratch, inv64, obj, row, e, N, COUNT), kelStsNoErr,
+           "kelmInvert_ma_64f");
+    expect(kelmDet_ma_64f(a64, obj, row, e, N, scratch, det64, COUNT), kelStsNoErr, "kelmDet_ma_64f");
+    expect(kelmDet_ma_64f(inv64, obj, row, e, N, scratch, detInv64, COUNT), kelStsNoErr, "kelmDet_ma_64f");
+    for (k = 0; k < COUNT; ++k) {
+        const Kel64f* a = &a64[k * N * N];
+        const Kel64f* x = &inv64[k * N * N];
+        for (i = 0; i < N; ++i)
+            for (j = 0; j < N; ++j) {
+                double r = i == j ? -1.0 : 0.0;
+                for (c = 0; c < N; ++c) r += a[i * N + c] * x[c * N + j];
+                if (fabs(r) > worst) worst = fabs(r);
+            }
+        if (fabs(det64[k] * detInv64[k] - 1.0) > worstDet) worstDet = fabs(det64[k] * detInv64[k] - 1.0);
+    }
+    printf("   largest |A inv(A) - I|: %.1e; largest |det(A) det(inv(A)) - 1|: %.1e\n", worst, worstDet);
+    if (worst > 1e-8 || worstDet > 1e-8) failed = 1;
 }
 
 int main(void)
@@ -384,6 +416,7 @@ int main(void)
     solveDemo();
     fitDemo();
     vectorDemo();
+    invertDemo();
     printf("\n%s\n", failed ? "Something went wrong." : "All checks passed.");
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

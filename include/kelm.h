@@ -353,6 +353,38 @@ KELM_API KelStatus kelmCholeskyDecomp_ma_64f(const Kel64f* src, int srcStride0, 
 KELM_API KelStatus kelmCholeskyDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
 KELM_API KelStatus kelmCholeskyDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
 
+/* ---- Det (det) ---- */
+/* Det: the determinant of each matrix into a plain run of results, one */
+/* element per object with no stride.  pBuffer is scratch for one object, */
+/* size * (size + 1) elements, required at every size.  Never fails after */
+/* the argument checks: a matrix that elimination finds singular gives 0. */
+KELM_API KelStatus kelmDet_m_32f(const Kel32f* src, int srcStride1, int srcStride2, int size, Kel32f* pBuffer, Kel32f* dst);
+KELM_API KelStatus kelmDet_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int size, Kel32f* pBuffer, Kel32f* dst);
+KELM_API KelStatus kelmDet_m_64f(const Kel64f* src, int srcStride1, int srcStride2, int size, Kel64f* pBuffer, Kel64f* dst);
+KELM_API KelStatus kelmDet_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int size, Kel64f* pBuffer, Kel64f* dst);
+KELM_API KelStatus kelmDet_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, int size, Kel32f* pBuffer, Kel32f* dst, int count);
+KELM_API KelStatus kelmDet_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int size, Kel32f* pBuffer, Kel32f* dst, int count);
+KELM_API KelStatus kelmDet_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, int size, Kel32f* pBuffer, Kel32f* dst, int count);
+KELM_API KelStatus kelmDet_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, int size, Kel64f* pBuffer, Kel64f* dst, int count);
+KELM_API KelStatus kelmDet_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, int size, Kel64f* pBuffer, Kel64f* dst, int count);
+KELM_API KelStatus kelmDet_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, int size, Kel64f* pBuffer, Kel64f* dst, int count);
+
+/* ---- Invert (invert) ---- */
+/* Invert: the inverse of each matrix, in the description of the source. */
+/* pBuffer is scratch for one object, size * (size + 1) elements, required */
+/* at every size.  Returns kelStsSingular at the first matrix whose pivot or */
+/* determinant is too small; src and dst must not overlap. */
+KELM_API KelStatus kelmInvert_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dst, int dstStride1, int dstStride2, int size);
+KELM_API KelStatus kelmInvert_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmInvert_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dst, int dstStride1, int dstStride2, int size);
+KELM_API KelStatus kelmInvert_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int size);
+KELM_API KelStatus kelmInvert_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmInvert_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmInvert_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+KELM_API KelStatus kelmInvert_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dst, int dstStride0, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmInvert_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int size, int count);
+KELM_API KelStatus kelmInvert_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int size, int count);
+
 /* ---- LUBackSubst (lubacksubst) ---- */
 /* LUBackSubst: solves A x = b from the factors and pivot table that */
 /* LUDecomp wrote: one system (mv), one factored matrix with many right-hand */
