@@ -27,21 +27,6 @@ int bufGroup(const Member& m) { return m.family == "Det" ? 2 : 1; }
 
 int sizeOf(const Case& s) { return s.sizes.at("size"); }
 
-template <class F>
-auto byElem(const Member& m, const F& f)
-{
-    return m.elem == 4 ? f(float{}) : f(double{});
-}
-
-template <class T>
-std::vector<T> objectOf(const Operand& op, int obj)
-{
-    std::vector<T> a;
-    for (int r = 0; r < op.rows; ++r)
-        for (int c = 0; c < op.cols; ++c) a.push_back(T(op.get(obj, r, c)));
-    return a;
-}
-
 // S and L calls whose source and destination have Stride2 the element size.
 bool packedCall(const Case& s)
 {
