@@ -515,18 +515,19 @@ int groupOf(const Member& m, const std::string& prefix)
 
 int sizeOf(const Case& s) { return s.sizes.at("size"); }
 
-template <class F>
-auto byElem(const Member& m, const F& f)
-{
-    return m.elem == 4 ? f(float{}) : f(double{});
-}
-
 template <class T>
 Model<T> modelOf(const Member& m, int n)
 {
     const bool vectors = !valuesOnly(m);
     const bool guarded = vectors && !(m.family == "EigenValuesVectors" && !m.array && m.elem == 8);
     return Model<T>{n, vectors, guarded, guarded && m.elem == 8, {}, {}};
+}
+
+
+template <class F>
+auto byElem(const Member& m, const F& f)
+{
+    return m.elem == 4 ? f(float{}) : f(double{});
 }
 
 template <class T>
@@ -559,7 +560,7 @@ KT_FAMILY("EigenValuesVectorsGetBufSize", FamilyHooks{eigenShape, {}, {}, {}});
 
 using Blocks = std::vector<std::pair<int, int>>;  // (first object, objects)
 
-Blocks serial(const Case& s)
+Blocks serialBlocks(const Case& s)
 {
     return {{0, s.sizes.count("count") ? s.sizes.at("count") : 1}};
 }
@@ -622,7 +623,7 @@ TEST_P(General, MatchesModelOnEveryLayout)
     const Member& m = member(GetParam());
     std::vector<Sizes> shapes;
     for (int n = 1; n <= 9; ++n) shapes.push_back({{"size", n}});
-    sweep(m, withCounts(m, shapes), everyForm(), 1, [](Case& s) { checkCase(s, serial(s)); });
+    sweep(m, withCounts(m, shapes), everyForm(), 1, [](Case& s) { checkCase(s, serialBlocks(s)); });
 }
 
 // Arrays past the limit give the serial bits in teams of every size, and
@@ -641,7 +642,7 @@ TEST_P(General, TeamsOfEverySize)
                 Case s = makeCase(m, {{"size", n}, {"count", count}}, Layout{Form::Random}, 40 + threads + n);
                 if (fail)
                     for (int bad : {3, 41}) s.ops[0].set(bad, n - 1, 0, std::numeric_limits<double>::quiet_NaN());
-                checkCase(s, fail && threads > 1 ? teamBlocks(count, threads) : serial(s));
+                checkCase(s, fail && threads > 1 ? teamBlocks(count, threads) : serialBlocks(s));
             });
 }
 
@@ -806,7 +807,7 @@ TEST(GeneralByHand, ExactCases)
         {
             const Member& m = member("kelmEigenValues_m_" + type);
             Case s = makeCase(m, {{"size", 3}}, Layout{Form::Packed}, 3);
-            s.ops[0].set(0, 2, 0, std::numeric_limits<double>::quiet_NaN());
+            for (int k = 0; k < 9; ++k) s.ops[0].set(0, k / 3, k % 3, std::numeric_limits<double>::quiet_NaN());
             Expected e(s);
             e.check(kelStsNoConvergence);
         }
@@ -820,6 +821,29 @@ TEST(GeneralByHand, ExactCases)
                 ++k;
             }
     }
+}
+
+// Past the orders that work on the stack, the caller's scratch holds the
+// work: the model's bits, and no byte written past the reported size.
+TEST(GeneralByHand, LargeOrdersWorkInTheCallersScratch)
+{
+    const int n = 40;
+    std::mt19937 rng(9);
+    std::vector<double> a(n * n), re(n), im(n), right(n * n), left(n * n);
+    for (double& x : a) x = std::uniform_real_distribution<double>(-1, 1)(rng);
+    int bytes = 0;
+    ASSERT_EQ(kelmEigenValuesVectorsGetBufSize_64f(n, &bytes), kelStsNoErr);
+    std::vector<double> buf(bytes / 8 + 4, -7.0);
+    ASSERT_EQ(kelmEigenValuesVectors_m_64f(a.data(), 8 * n, 8, right.data(), 8 * n, 8, left.data(), 8 * n, 8, re.data(),
+                                           im.data(), n, buf.data()),
+              kelStsNoErr);
+    for (size_t k = bytes / 8; k < buf.size(); ++k) EXPECT_EQ(buf[k], -7.0);
+    const Result<double> want = Model<double>{n, true, false, false, {}, {}}.run(a, true, true);
+    ASSERT_EQ(want.status, kelStsNoErr);
+    EXPECT_EQ(re, want.re);
+    EXPECT_EQ(im, want.im);
+    EXPECT_EQ(right, want.right);
+    EXPECT_EQ(left, want.left);
 }
 
 TEST(GeneralByHand, BufferSizes)

@@ -12,8 +12,9 @@
 //
 // Work area of one object, in elements of T: the matrix H (n*n), the Schur
 // vectors of each procedure (n*n each), then the reflector scalars and the
-// work vectors (5*n).  Orders 2 to 6 keep it on the stack; larger ones use
-// the scratch the call was given.  A team sizes each thread's scratch by
+// work vectors (5*n).  Orders up to 32 keep it on the stack, orders 2 to 6
+// with their size known when compiling; larger ones use the scratch the
+// call was given.  A team sizes each thread's scratch by
 // kelmEigenValuesVectorsGetBufSize, the larger of the two queries.
 #pragma once
 
@@ -88,6 +89,10 @@ inline KelStatus object(const D& d, const A& a, typename M::Elem* re, typename M
 // The serial kernel of every member: objects in order, stopping at the
 // first that fails.  Dst... are the vector destinations (none, one, or
 // right and left).
+// Orders up to this keep their work area on the stack (about 25 KiB in
+// double precision); larger ones work in the scratch the call was given.
+constexpr int kLocalMax = 32;
+
 template <class M, Side Sd, bool Values>
 struct GeneralKernel {
     int32_t n;
@@ -135,7 +140,12 @@ struct GeneralKernel {
         case 4: return fixed<4>(count, src, rest...);
         case 5: return fixed<5>(count, src, rest...);
         case 6: return fixed<6>(count, src, rest...);
-        default: return objects(DynDim{n}, count, static_cast<T*>(scratch), src, rest...);
+        default:
+            if (n <= kLocalMax) {
+                T local[kLocalMax * (3 * kLocalMax + 5)];
+                return objects(DynDim{n}, count, local, src, rest...);
+            }
+            return objects(DynDim{n}, count, static_cast<T*>(scratch), src, rest...);
         }
     }
 };
