@@ -406,6 +406,33 @@ static void invertDemo(void)
     }
     printf("   largest |A inv(A) - I|: %.1e; largest |det(A) det(inv(A)) - 1|: %.1e\n", worst, worstDet);
     if (worst > 1e-8 || worstDet > 1e-8) failed = 1;
+/* ---- 3. Eigenvalues and eigenvectors of a general matrix ------------------ */
+
+static void eigenDemo(void)
+{
+    /* The companion matrix of x^3 - 2: eigenvalues 2^(1/3) and a complex
+     * pair.  The caller asks for the scratch size first. */
+    static const Kel64f a[3][3] = {{0, 0, 2}, {1, 0, 0}, {0, 1, 0}};
+    Kel64f re[3], im[3], v[3][3], buf[64];
+    int bytes = 0, j, r, c;
+    double worst = 0;
+
+    expect(kelmEigenValuesVectorsGetBufSize_64f(3, &bytes), kelStsNoErr, "kelmEigenValuesVectorsGetBufSize_64f");
+    printf("\n3. Eigenvalues and vectors of a 3 x 3 companion matrix (scratch: %d bytes)\n", bytes);
+    if (bytes > (int)sizeof buf) failed = 1;
+    expect(kelmEigenValuesVectorsLeft_m_64f(&a[0][0], 24, 8, &v[0][0], 24, 8, re, im, 3, buf), kelStsNoErr,
+           "kelmEigenValuesVectorsLeft_m_64f");
+    for (j = 0; j < 3; ++j) printf("   %+.6f %+.6fi\n", re[j], im[j]);
+    /* The real eigenvalue's column v satisfies a v = lambda v. */
+    for (j = 0; j < 3; ++j)
+        if (im[j] == 0)
+            for (r = 0; r < 3; ++r) {
+                double s = -re[j] * v[r][j];
+                for (c = 0; c < 3; ++c) s += a[r][c] * v[c][j];
+                if (fabs(s) > worst) worst = fabs(s);
+            }
+    printf("   largest residual of a v = lambda v for the real eigenvalue: %.1e\n", worst);
+    if (worst > 1e-12) failed = 1;
 }
 
 int main(void)
@@ -417,6 +444,7 @@ int main(void)
     fitDemo();
     vectorDemo();
     invertDemo();
+    eigenDemo();
     printf("\n%s\n", failed ? "Something went wrong." : "All checks passed.");
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

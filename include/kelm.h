@@ -61,6 +61,92 @@ typedef struct {
 /* The version record of this build; static, never freed by the caller. */
 KELM_API const KelLibraryVersion* kelmGetLibVersion(void);
 
+/* ---- EigenValues (eigenvalues) ---- */
+/* EigenValues: all eigenvalues of a general real square matrix, real parts */
+/* in dstValuesRe and imaginary parts in dstValuesIm (size entries per */
+/* object, complex pairs adjacent with the positive imaginary part first), */
+/* by Hessenberg reduction and double-shift QR iteration.  pBuffer holds */
+/* kelmEigenValuesGetBufSize bytes.  Returns kelStsNoConvergence when the */
+/* iteration gives up. */
+KELM_API KelStatus kelmEigenValues_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValues_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValues_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValues_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValues_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValues_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValues_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValues_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValues_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValues_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+
+/* ---- EigenValuesGetBufSize (eigenvaluesbufsize) ---- */
+/* EigenValuesGetBufSize: the bytes of pBuffer that kelmEigenValues needs */
+/* for a matrix of the given size. */
+KELM_API KelStatus kelmEigenValuesGetBufSize_32f(int size, int* bufSize);
+KELM_API KelStatus kelmEigenValuesGetBufSize_64f(int size, int* bufSize);
+
+/* ---- EigenValuesVectors (eigenvectors) ---- */
+/* EigenValuesVectors: eigenvalues as kelmEigenValues gives them, and both */
+/* kinds of eigenvector from one Schur form: dstVectorsRight as */
+/* kelmEigenValuesVectorsRight gives them (transpose(src) v = lambda v), */
+/* dstVectorsLeft as kelmEigenValuesVectorsLeft (src v = lambda v). */
+/* pBuffer holds kelmEigenValuesVectorsGetBufSize bytes; the vector */
+/* destinations are written only on success.  Returns kelStsNoConvergence */
+/* when the iteration gives up. */
+KELM_API KelStatus kelmEigenValuesVectors_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dstVectorsRight, int dstRightStride1, int dstRightStride2, Kel32f* dstVectorsLeft, int dstLeftStride1, int dstLeftStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* const* ppDstRight, int dstRightRoiShift, Kel32f* const* ppDstLeft, int dstLeftRoiShift, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dstVectorsRight, int dstRightStride1, int dstRightStride2, Kel64f* dstVectorsLeft, int dstLeftStride1, int dstLeftStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* const* ppDstRight, int dstRightRoiShift, Kel64f* const* ppDstLeft, int dstLeftRoiShift, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dstVectorsRight, int dstRightStride0, int dstRightStride1, int dstRightStride2, Kel32f* dstVectorsLeft, int dstLeftStride0, int dstLeftStride1, int dstLeftStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDstRight, int dstRightRoiShift, int dstRightStride1, int dstRightStride2, Kel32f* const* ppDstLeft, int dstLeftRoiShift, int dstLeftStride1, int dstLeftStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDstRight, int dstRightRoiShift, int dstRightStride0, Kel32f* const* ppDstLeft, int dstLeftRoiShift, int dstLeftStride0, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dstVectorsRight, int dstRightStride0, int dstRightStride1, int dstRightStride2, Kel64f* dstVectorsLeft, int dstLeftStride0, int dstLeftStride1, int dstLeftStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDstRight, int dstRightRoiShift, int dstRightStride1, int dstRightStride2, Kel64f* const* ppDstLeft, int dstLeftRoiShift, int dstLeftStride1, int dstLeftStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectors_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDstRight, int dstRightRoiShift, int dstRightStride0, Kel64f* const* ppDstLeft, int dstLeftRoiShift, int dstLeftStride0, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+
+/* ---- EigenValuesVectorsGetBufSize (eigenvectorsbufsize) ---- */
+/* EigenValuesVectorsGetBufSize: the bytes of pBuffer that */
+/* kelmEigenValuesVectors, kelmEigenValuesVectorsLeft and */
+/* kelmEigenValuesVectorsRight need for a matrix of the given size. */
+KELM_API KelStatus kelmEigenValuesVectorsGetBufSize_32f(int size, int* bufSize);
+KELM_API KelStatus kelmEigenValuesVectorsGetBufSize_64f(int size, int* bufSize);
+
+/* ---- EigenValuesVectorsLeft (eigenvectorsleft) ---- */
+/* EigenValuesVectorsLeft: eigenvalues as kelmEigenValues gives them and */
+/* the vectors v with src v = lambda v, column j for */
+/* eigenvalue j (a complex pair: real part, then imaginary part, of the */
+/* first one's vector), each of unit length.  pBuffer holds */
+/* kelmEigenValuesVectorsGetBufSize bytes; dstVectors is written only on */
+/* success.  Returns kelStsNoConvergence when the iteration gives up. */
+KELM_API KelStatus kelmEigenValuesVectorsLeft_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dstVectors, int dstStride1, int dstStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* const* ppDst, int dstRoiShift, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dstVectors, int dstStride1, int dstStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* const* ppDst, int dstRoiShift, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dstVectors, int dstStride0, int dstStride1, int dstStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dstVectors, int dstStride0, int dstStride1, int dstStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsLeft_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+
+/* ---- EigenValuesVectorsRight (eigenvectorsright) ---- */
+/* EigenValuesVectorsRight: eigenvalues as kelmEigenValues gives them and */
+/* the vectors v with transpose(src) v = lambda v, column j for */
+/* eigenvalue j (a complex pair: real part, then imaginary part, of the */
+/* first one's vector), each of unit length.  pBuffer holds */
+/* kelmEigenValuesVectorsGetBufSize bytes; dstVectors is written only on */
+/* success.  Returns kelStsNoConvergence when the iteration gives up. */
+KELM_API KelStatus kelmEigenValuesVectorsRight_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* dstVectors, int dstStride1, int dstStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* const* ppDst, int dstRoiShift, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* dstVectors, int dstStride1, int dstStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* const* ppDst, int dstRoiShift, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* dstVectors, int dstStride0, int dstStride1, int dstStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, Kel32f* dstValuesRe, Kel32f* dstValuesIm, int size, int count, Kel32f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* dstVectors, int dstStride0, int dstStride1, int dstStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+KELM_API KelStatus kelmEigenValuesVectorsRight_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, Kel64f* dstValuesRe, Kel64f* dstValuesIm, int size, int count, Kel64f* pBuffer);
+
 /* ---- Add (add) ---- */
 /* Add: dst = src1 + src2, element by element, one rounded addition each. */
 KELM_API KelStatus kelmAdd_mm_32f(const Kel32f* src1, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride1, int src2Stride2, Kel32f* dst, int dstStride1, int dstStride2, int width, int height);

@@ -253,12 +253,12 @@ std::vector<Fault> faultsOf(const Member& m, const Sizes& valid)
             const int bad[] = {0, -e, e == 4 ? 2 : 12};
             const int v = bad[variant++ % 3];
             out.push_back({f == "s0" ? '0' : 'b', g.prefix + " " + f + "=" + std::to_string(v),
-                           [k, f, v](Case&, Call& c) { field(c.g[k], f) = v; }});
+                           [k, f, v](Case&, Call& c) { field(c.g[k], f) = v; }, g.isWritten()});
         }
         if (hasShift(g)) {
             for (int v : {-e, 2})
                 out.push_back({'R', g.prefix + " roi=" + std::to_string(v),
-                               [k, v](Case&, Call& c) { c.g[k].roi = v; }});
+                               [k, v](Case&, Call& c) { c.g[k].roi = v; }, g.isWritten()});
         }
     }
     return out;
@@ -280,6 +280,10 @@ KelStatus expectedStatus(const Member& m, const std::vector<const Fault*>& fault
             case 'b': hit = s == 'b'; break;
             case '0': hit = s == '0' && count > 1; break;
             case 'R': hit = s == 'R'; break;
+            case 'r': hit = s == 'R' && !f->written; break;
+            case 'o': hit = s == 'R' && f->written; break;
+            case 's': hit = (s == 'b' || s == '0') && !f->written; break;
+            case 'd': hit = (s == 'b' || s == '0') && f->written; break;
             default: break;
             }
             if (!hit) continue;
@@ -288,7 +292,9 @@ KelStatus expectedStatus(const Member& m, const std::vector<const Fault*>& fault
             case 'C': return kelStsBadCount;
             case 'Z': return kelStsBadSize;
             case 'M': return kelStsSizeMismatch;
-            case 'R': return kelStsBadRoiShift;
+            case 'R':
+            case 'r':
+            case 'o': return kelStsBadRoiShift;
             default: return kelStsBadStride;
             }
         }

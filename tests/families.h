@@ -140,6 +140,7 @@ struct Fault {
     char step;
     std::string what;
     std::function<void(Case&, Call&)> apply;
+    bool written = false;  // of a destination (for the steps by side)
 };
 // The stride arguments of a group ("s0", "s1", "s2"), and one of them (or
 // "roi") in a call's group.

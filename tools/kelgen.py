@@ -5,7 +5,10 @@ The member tables (src/*/*.members) are the one list of what the library
 exports.  Each holds one family:
 
     @family Add                         family name, as in the exported names
-    @frontend kel::elementwise::add     C++ front end the exports call
+    @frontend kel::elementwise::add     C++ front end the exports call; a
+                                        <T> in it is the member's element type
+    @header eigen/general.h             optional: the header the exports
+                                        include, when several tables share one
     @shape mam  ma:src1 m:src2 ma:dst width height count
     member      checks   estimate       limit
     kelmAdd_mam_32f   NCBZ   W*H*(2*C+1)   3000/2000
@@ -16,9 +19,12 @@ family may be split over several tables.
 
 A @shape line gives, for one operand code, the argument groups in the order
 of the argument list: `kind:prefix` for an operand, a bare word for a size.
+`kind:prefix/name` names the group's base pointer `name` where it differs
+from the prefix of its strides and shift (dstVectors, dstStride1).
 Kinds: ma ta m t va v (matrices, transposed, vectors; `a` for arrays),
 c ca (constant, array of constants), out (dense result buffer), buf
-(scratch pointer), piv / cpiv (writable / read-only pivot table).  Groups
+(scratch pointer), piv / cpiv (writable / read-only 32-bit integers: pivot
+tables, a size the call reports).  Groups
 named dst... are written, all others read.  A description letter turns each
 group into its arguments; a two-letter description (Copy) gives the first
 letter to the source group and the second to the destination group.
@@ -52,10 +58,11 @@ SIZE_FIELDS = {
 }
 ESTIMATE_VARS = ["W", "H", "L", "N", "C", "W1", "H1", "W2", "H2", "L2", "L3"]
 OPERAND_KINDS = ["ma", "ta", "m", "t", "va", "v", "ca", "c"]
-NAME_RE = re.compile(r"^kelm([A-Za-z0-9]+?)_([a-z0-9]+)_(32f|64f)(?:_([SLP]{1,2}))?$")
+# A name without operand code (kelmEigenValuesGetBufSize_32f) has the code "-".
+NAME_RE = re.compile(r"^kelm([A-Za-z0-9]+?)(?:_([a-z0-9]+))?_(32f|64f)(?:_([SLP]{1,2}))?$")
 
 
-STEPS = "NCZMBb0R"   # the frame's check steps (frame.h)
+STEPS = "NCZMBb0Rrsod"   # the frame's check steps (frame.h)
 MAX_STEPS = 8         # kMaxSteps in frame.h
 
 
@@ -66,7 +73,7 @@ class Member:
             raise SystemExit(f"{family.path}:{line}: bad member name {name}")
         self.family = family
         self.name = name
-        self.code = m.group(2)
+        self.code = m.group(2) or "-"
         self.type = m.group(3)
         self.desc = m.group(4) or "S"
         self.order = order
@@ -117,7 +124,7 @@ class Member:
                 continue
             kind, prefix = g
             d = next(descs)
-            a, v = group_args(kind, prefix, d, self.elem)
+            a, v = group_args(kind, prefix, d, self.elem, self.family.pointers.get(prefix, prefix))
             args += [(t, n, gi, f) for (t, n, f) in a]
             views.append((gi, kind, v))
         return args, views
@@ -161,8 +168,9 @@ def cap(prefix):
     return prefix[0].upper() + prefix[1:]
 
 
-def group_args(kind, prefix, d, elem):
-    """Arguments of one group and the C++ expression of its view."""
+def group_args(kind, prefix, d, elem, base):
+    """Arguments of one group and the C++ expression of its view; `base` is
+    the name of its base pointer."""
     writable = prefix.startswith("dst")
     ct = elem if writable else f"const {elem}"
     pp = f"pp{cap(prefix)}"
@@ -172,7 +180,7 @@ def group_args(kind, prefix, d, elem):
     if kind == "buf":
         return [(f"{elem}*", prefix, "p")], f"kel::plain({prefix})"
     if kind == "out":
-        return [(ptr, prefix, "p")], f"kel::dense({prefix})"
+        return [(ptr, base, "p")], f"kel::dense({prefix})"
     if kind in ("piv", "cpiv"):
         t = "int*" if kind == "piv" else "const int*"
         return [(t, prefix, "p")], f"kel::dense({prefix})"
@@ -181,12 +189,12 @@ def group_args(kind, prefix, d, elem):
     if kind == "ca":
         if d == "L":
             return [(tab, f"pp{cap(prefix)}", "pp"), ("int", roi, "roi")], f"kel::cstArrL<{ct}>({pp}, {roi})"
-        return [(ptr, prefix, "p"), ("int", s0, "s0")], f"kel::cstArr{d}<{ct}>({prefix}, {s0})"
+        return [(ptr, base, "p"), ("int", s0, "s0")], f"kel::cstArr{d}<{ct}>({base}, {s0})"
     trans = "true" if kind in ("t", "ta") else "false"
     if kind in ("ma", "ta"):
         if d == "S":
-            return ([(ptr, prefix, "p"), ("int", s0, "s0"), ("int", s1, "s1"), ("int", s2, "s2")],
-                    f"kel::matArrS<{ct}, {trans}>({prefix}, {s0}, {s1}, {s2})")
+            return ([(ptr, base, "p"), ("int", s0, "s0"), ("int", s1, "s1"), ("int", s2, "s2")],
+                    f"kel::matArrS<{ct}, {trans}>({base}, {s0}, {s1}, {s2})")
         if d == "L":
             return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s1, "s1"), ("int", s2, "s2")],
                     f"kel::matArrL<{ct}, {trans}>({pp}, {roi}, {s1}, {s2})")
@@ -195,12 +203,12 @@ def group_args(kind, prefix, d, elem):
     if kind in ("m", "t"):
         if d == "P":
             return [(tab, pp, "pp"), ("int", roi, "roi")], f"kel::matP<{ct}, {trans}>({pp}, {roi})"
-        return ([(ptr, prefix, "p"), ("int", s1, "s1"), ("int", s2, "s2")],
-                f"kel::matS<{ct}, {trans}, kel::Desc::{d}>({prefix}, {s1}, {s2})")
+        return ([(ptr, base, "p"), ("int", s1, "s1"), ("int", s2, "s2")],
+                f"kel::matS<{ct}, {trans}, kel::Desc::{d}>({base}, {s1}, {s2})")
     if kind == "va":
         if d == "S":
-            return ([(ptr, prefix, "p"), ("int", s0, "s0"), ("int", s2, "s2")],
-                    f"kel::vecArrS<{ct}>({prefix}, {s0}, {s2})")
+            return ([(ptr, base, "p"), ("int", s0, "s0"), ("int", s2, "s2")],
+                    f"kel::vecArrS<{ct}>({base}, {s0}, {s2})")
         if d == "L":
             return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s2, "s2")],
                     f"kel::vecArrL<{ct}>({pp}, {roi}, {s2})")
@@ -209,7 +217,7 @@ def group_args(kind, prefix, d, elem):
     if kind == "v":
         if d == "P":
             return [(tab, pp, "pp"), ("int", roi, "roi")], f"kel::vecP<{ct}>({pp}, {roi})"
-        return [(ptr, prefix, "p"), ("int", s2, "s2")], f"kel::vecS<{ct}, kel::Desc::{d}>({prefix}, {s2})"
+        return [(ptr, base, "p"), ("int", s2, "s2")], f"kel::vecS<{ct}, kel::Desc::{d}>({base}, {s2})"
     raise SystemExit(f"unknown group kind {kind}")
 
 
@@ -220,7 +228,9 @@ class Family:
         self.stem = os.path.splitext(os.path.basename(path))[0]
         self.name = None
         self.frontend = None
+        self.header = None
         self.shapes = {}
+        self.pointers = {}
         self.members = []
         self.comment = []
         with open(path) as f:
@@ -235,11 +245,16 @@ class Family:
                     self.name = words[1]
                 elif words[0] == "@frontend":
                     self.frontend = words[1]
+                elif words[0] == "@header":
+                    self.header = words[1]
                 elif words[0] == "@shape":
                     groups = []
                     for w in words[2:]:
                         if ":" in w:
                             kind, prefix = w.split(":")
+                            if "/" in prefix:
+                                prefix, base = prefix.split("/")
+                                self.pointers[prefix] = base
                             groups.append((kind, prefix))
                         else:
                             if w not in SIZE_FIELDS:
@@ -298,7 +313,7 @@ def cmd_exports(fams, outdir):
     for fam in fams:
         lines = [
             f"// Exports of {fam.name}, generated from {os.path.relpath(fam.path, ROOT)}.",
-            f'#include "{fam.folder}/{fam.stem}.h"',
+            f'#include "{fam.header or fam.folder + "/" + fam.stem + ".h"}"',
             "",
             "#include <cstdint>",
             "",
@@ -314,7 +329,8 @@ def cmd_exports(fams, outdir):
             lines.append(f"KELM_API {prototype(m)}\n{{")
             lines.append(f'    static constexpr kel::Traits tr{{"{m.order}", {est}, {lp}, {ls}}};')
             lines.append(f"    kel::Sizes sz;\n{sizes.rstrip()}" if sizes else "    kel::Sizes sz;")
-            lines.append(f"    return {fam.frontend}(tr, sz,\n        {views});")
+            frontend = fam.frontend.replace("<T>", f"<{m.elem}>")
+            lines.append(f"    return {frontend}(tr, sz,\n        {views});")
             lines.append("}\n")
         lines.append('}  // extern "C"')
         write_if_changed(os.path.join(outdir, f"exports_{fam.stem}.cpp"), "\n".join(lines) + "\n")

@@ -45,7 +45,8 @@ constexpr int32_t kSerialOnly = INT32_MAX;  // limit of a member without driver
 //   order  check steps, run left to right; the first failure is returned:
 //          N null pointers, C count, Z sizes, M size mismatch,
 //          B all strides, b strides but Stride0, 0 Stride0 when count > 1,
-//          R ROI shifts
+//          R ROI shifts; by side: r s the sources' ROI shifts and strides,
+//          o d the destinations' ROI shifts and strides
 //   estimate, limitPacked, limitStrided: a null estimate runs the kernel
 //          serially on all objects (single objects, families without driver)
 struct Traits {
@@ -75,6 +76,18 @@ template <class... V>
 inline bool anyBadRoi(const V&... v)
 {
     return (v.badRoi() || ...);
+}
+// The same tests on the operands of one side only: sources (read) or
+// destinations (written).
+template <class... V>
+inline bool anyBadStrideOf(bool written, const V&... v)
+{
+    return ((V::written == written && v.badStrides(true)) || ...);
+}
+template <class... V>
+inline bool anyBadRoiOf(bool written, const V&... v)
+{
+    return ((V::written == written && v.badRoi()) || ...);
 }
 inline bool badSizes(const Sizes& s)
 {
@@ -122,6 +135,14 @@ inline KelStatus check(const Traits& tr, const Sizes& s, Mismatch&& mismatch, co
             break;
         case 'R':
             if (detail::anyBadRoi(v...)) return kelStsBadRoiShift;
+            break;
+        case 'r':
+        case 'o':
+            if (detail::anyBadRoiOf(step == 'o', v...)) return kelStsBadRoiShift;
+            break;
+        case 's':
+        case 'd':
+            if (detail::anyBadStrideOf(step == 'd', v...)) return kelStsBadStride;
             break;
         default:
             break;

@@ -85,6 +85,7 @@ struct Obj {
     static constexpr bool array = Arr;
     static constexpr bool trans = Trans;
     static constexpr Kind kind = IsVec ? Kind::Vector : Kind::Matrix;
+    static constexpr bool written = !std::is_const<T>::value;  // a destination
     static constexpr bool hasStride1 = !IsVec && D != Desc::P;
     static constexpr bool hasStride2 = D != Desc::P;
     static constexpr bool hasStride0 = D == Desc::P ? Arr : (D == Desc::S && Arr);
@@ -182,6 +183,7 @@ template <class T>
 struct Const {
     using Elem = T;
     static constexpr Kind kind = Kind::Constant;
+    static constexpr bool written = false;
     static constexpr bool array = false;
     static constexpr bool hasShift = false;
     T value;
@@ -199,6 +201,7 @@ template <class T, Desc D>
 struct ConstArr {
     using Elem = std::remove_const_t<T>;
     static constexpr Kind kind = Kind::Constant;
+    static constexpr bool written = false;
     static constexpr bool array = true;
     static constexpr bool hasShift = D == Desc::L;
     T* base = nullptr;
@@ -234,6 +237,7 @@ template <class T>
 struct Plain {
     static constexpr bool array = false;
     static constexpr Kind kind = Kind::Buffer;
+    static constexpr bool written = !std::is_const<T>::value;
     T* ptr;
     bool null() const { return ptr == nullptr; }
     bool badStrides(bool = true) const { return false; }
@@ -251,6 +255,7 @@ template <class T>
 struct Dense {
     static constexpr bool array = true;
     static constexpr Kind kind = Kind::Buffer;
+    static constexpr bool written = !std::is_const<T>::value;
     T* ptr;
     int32_t per = 1;
     bool null() const { return ptr == nullptr; }
