@@ -524,21 +524,6 @@ Model<T> modelOf(const Member& m, int n)
 }
 
 
-template <class F>
-auto byElem(const Member& m, const F& f)
-{
-    return m.elem == 4 ? f(float{}) : f(double{});
-}
-
-template <class T>
-std::vector<T> objectOf(const Operand& op, int obj)
-{
-    std::vector<T> a;
-    for (int r = 0; r < op.rows; ++r)
-        for (int c = 0; c < op.cols; ++c) a.push_back(T(op.get(obj, r, c)));
-    return a;
-}
-
 Shape eigenShape(const Member& m, const GroupInfo& g, const Sizes& sizes)
 {
     const int n = sizes.at("size");
@@ -558,21 +543,10 @@ KT_FAMILY("EigenValuesVectorsGetBufSize", FamilyHooks{eigenShape, {}, {}, {}});
 
 // ---- expected results --------------------------------------------------------------
 
-using Blocks = std::vector<std::pair<int, int>>;  // (first object, objects)
-
 Blocks serialBlocks(const Case& s)
 {
     return {{0, s.sizes.count("count") ? s.sizes.at("count") : 1}};
 }
-Blocks teamBlocks(int count, int t)
-{
-    Blocks b;
-    const int q = count / t, r = count % t;
-    for (int k = 0; k < t; ++k)
-        b.push_back(k < r ? std::pair{(q + 1) * k, q + 1} : std::pair{(q + 1) * r + (k - r) * q, q});
-    return b;
-}
-
 // Runs the case as the given serial blocks would: each stops at its first
 // failing object, whose finished values stay and whose vectors are not
 // written.

@@ -111,10 +111,12 @@ auto byElem(const Member& m, const F& f)
     return m.elem == 4 ? f(float{}) : f(double{});
 }
 
-// Object `obj` of a matrix or vector operand, row-major.
+// Object `obj` of a matrix or vector operand, row-major; a single operand
+// serves every object.
 template <class T>
 std::vector<T> objectOf(const Operand& op, int obj)
 {
+    if (op.objects == 1) obj = 0;
     std::vector<T> a;
     for (int r = 0; r < op.rows; ++r)
         for (int c = 0; c < op.cols; ++c) a.push_back(T(op.get(obj, r, c)));

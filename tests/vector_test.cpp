@@ -55,16 +55,6 @@ Path pathOf(const Case& s)
     return Path::Packed;
 }
 
-// Object n of an operand, row-major; a single operand serves every object.
-template <class T>
-std::vector<T> objectOf(const Operand& op, int n)
-{
-    if (op.objects == 1) n = 0;
-    std::vector<T> v;
-    for (int r = 0; r < op.rows; ++r)
-        for (int c = 0; c < op.cols; ++c) v.push_back(T(op.get(n, r, c)));
-    return v;
-}
 uintptr_t addressOf(const Operand& op, int n, int r = 0)
 {
     if (op.objects == 1) n = 0;
@@ -108,13 +98,6 @@ T plain(const std::vector<T>& t)
     T s = T(0);
     for (T x : t) s += x;
     return s;
-}
-
-// f(T{}) with T the member's element type.
-template <class F>
-auto byElem(const Member& m, const F& f)
-{
-    return m.elem == 4 ? f(float{}) : f(double{});
 }
 
 // ---- models --------------------------------------------------------------------------
