@@ -572,4 +572,27 @@ TEST(Transform3DH, SmallWSaturatesAndTheRestGoOn)
     });
 }
 
+// Dense runs of vectors (four at a time) give the bits of the same vectors
+// spread out, saturated ones included.
+TEST(Transform3DH, DenseRunsAsSpreadOut)
+{
+    std::mt19937 rng(5);
+    const int count = 203;
+    float m[16], src[4 * count], dense[3 * count], spread[4 * count];
+    for (auto& v : m) v = sample(rng, 0);
+    for (auto& v : src) v = sample(rng, 0.02);
+    // w = x, and x = 0 in a few vectors.
+    m[12] = 1, m[13] = m[14] = m[15] = 0;
+    for (int n : {5, 77, 78, 200}) src[4 * n] = 0;
+    for (int k = 0; k < 3 * count; ++k) dense[k] = src[k / 3 * 4 + k % 3];
+    forEachTeamSize([&](int) {
+        float outDense[3 * count], outSpread[4 * count];
+        const KelStatus a = kelmAffineTransform3DH_mva_32f(m, 16, 4, dense, 12, 4, outDense, 12, 4, count);
+        const KelStatus b = kelmAffineTransform3DH_mva_32f(m, 16, 4, src, 16, 4, outSpread, 16, 4, count);
+        ASSERT_EQ(a, kelStsDivideByZero);
+        ASSERT_EQ(a, b);
+        for (int k = 0; k < 3 * count; ++k) ASSERT_TRUE(same(outDense[k], outSpread[k / 3 * 4 + k % 3])) << k;
+    });
+}
+
 }  // namespace

@@ -71,33 +71,38 @@ struct Transform3DH {
     {
         const M4 c = columns(m);
         KelStatus st = kelStsNoErr;
-        int32_t n = 0;
-        if (src.s0 == 12 && dst.s0 == 12) {
-            // Four contiguous vectors at a time, rows in lanes of each point.
-            P e[4][4];
-            for (int i = 0; i < 4; ++i)
-                for (int j = 0; j < 4; ++j) e[i][j] = P::splat(m.get(0, i, j));
-            const P absMask = {_mm_castsi128_ps(_mm_set1_epi32(0x7fffffff))};
-            for (; n + 4 <= count; n += 4) {
-                P v[4] = {};
-                gather4<3>(src.object(n), v);
-                P q[4];
-                for (int i = 0; i < 4; ++i) q[i] = (e[i][0] * v[0] + e[i][1] * v[1]) + (e[i][2] * v[2] + e[i][3]);
-                const __m128 ok = _mm_cmpgt_ps(_mm_and_ps(q[3].v, absMask.v), _mm_set1_ps(kSmallestW));
-                if (_mm_movemask_ps(ok) != 15) break;  // the rest one at a time
-                const P inv = P::splat(1.0f) / q[3];
-                for (int i = 0; i < 3; ++i) q[i] = q[i] * inv;
-                scatter4<3>(q, dst.object(n));
-            }
-        }
-        for (; n < count; ++n) {
+        auto one = [&](int32_t n) {
             const P v = P::loadPart(src.object(n), 3);
             float q[4], out[3];
             ((c.r[0] * simd::spread<0>(v) + c.r[1] * simd::spread<1>(v)) + (c.r[2] * simd::spread<2>(v) + c.r[3]))
                 .store(q);
             if (!divideByW(q, out)) st = kelStsDivideByZero;
             P::loadPart(out, 3).storePart(dst.object(n), 3);
+        };
+        int32_t n = 0;
+        if (src.s0 == 12 && dst.s0 == 12) {
+            // Four contiguous vectors at a time, one vector in each lane; a
+            // group with a small w goes one vector at a time.
+            P e[4][4];
+            for (int i = 0; i < 4; ++i)
+                for (int j = 0; j < 4; ++j) e[i][j] = P::splat(m.get(0, i, j));
+            const __m128 absMask = _mm_castsi128_ps(_mm_set1_epi32(0x7fffffff));
+            for (; n + 4 <= count; n += 4) {
+                P v[4] = {};
+                gather4<3>(src.object(n), v);
+                P q[4];
+                for (int i = 0; i < 4; ++i) q[i] = (e[i][0] * v[0] + e[i][1] * v[1]) + (e[i][2] * v[2] + e[i][3]);
+                const __m128 ok = _mm_cmpgt_ps(_mm_and_ps(q[3].v, absMask), _mm_set1_ps(kSmallestW));
+                if (_mm_movemask_ps(ok) != 15) {
+                    for (int k = 0; k < 4; ++k) one(n + k);
+                    continue;
+                }
+                const P inv = P::splat(1.0f) / q[3];
+                for (int i = 0; i < 3; ++i) q[i] = q[i] * inv;
+                scatter4<3>(q, dst.object(n));
+            }
         }
+        for (; n < count; ++n) one(n);
         return st;
     }
 };
