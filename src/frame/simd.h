@@ -225,4 +225,25 @@ inline Row<Isa, T, W> operator*(const Row<Isa, T, W>& r, Pack<Isa, T> s)
     return out;
 }
 
+// ---- Reciprocals from the processor's estimate ---------------------------------
+
+// The single-precision reciprocal estimate (good to 12 bits or more; its
+// last bits depend on the processor) refined by one Newton step instead of
+// a division.  The step can be written two ways that round differently:
+//   Scaled   x1 = (2 * x0) - ((d * x0) * x0)
+//   Squared  x1 = (x0 + x0) - d * (x0 * x0)
+// Kernels and the tests' models call this one function, so both see the
+// same estimate on any processor.
+enum class NewtonStep { Scaled, Squared };
+
+inline float reciprocalEstimate(float d) { return _mm_cvtss_f32(_mm_rcp_ss(_mm_set_ss(d))); }
+
+template <NewtonStep S = NewtonStep::Scaled>
+inline float refinedReciprocal(float d)
+{
+    const float x0 = reciprocalEstimate(d);
+    if constexpr (S == NewtonStep::Scaled) return 2.0f * x0 - d * x0 * x0;
+    else return (x0 + x0) - d * (x0 * x0);
+}
+
 }  // namespace kel::simd
