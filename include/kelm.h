@@ -382,8 +382,11 @@ KELM_API KelStatus kelmTranslation_m4_32f(Kel32f x, Kel32f y, Kel32f z, Kel32f* 
 /* Operations on 4x4 float matrices and transforms of 2-, 3- and 4-vectors */
 /* (row vectors, v * M), singly and in runs (`a`: byte strides from vector */
 /* to vector, nothing done for count < 1).  Mul_mm4x4 returns */
-/* kelStsNullPointer for a null pointer; the others test nothing. */
+/* kelStsNullPointer for a null pointer; Invert_m4 and the Unprojects */
+/* return kelStsSingular for a matrix they cannot invert; the others test */
+/* nothing. */
 KELM_API KelStatus kelmDet_m4_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmInvert_m4_32f(const Kel32f* src, Kel32f* det, Kel32f* dst);
 KELM_API KelStatus kelmIsIdentity_m4_32f(const Kel32f* src, int* result);
 KELM_API KelStatus kelmTranspose_m4_32f(const Kel32f* src, Kel32f* dst);
 KELM_API KelStatus kelmMul_mm4x4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
@@ -404,6 +407,8 @@ KELM_API KelStatus kelmAffineTransformNormal_m4v3_32f(const Kel32f* matrix, cons
 KELM_API KelStatus kelmAffineTransformNormal_m4v3a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
 KELM_API KelStatus kelmProject_m4v3_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst);
 KELM_API KelStatus kelmProject_m4v3a_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, int srcStride0, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmUnproject_m4v3_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst);
+KELM_API KelStatus kelmUnproject_m4v3a_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, int srcStride0, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst, int dstStride0, int count);
 
 /* ---- AffineTransform3DH (transform3dh) ---- */
 /* AffineTransform3DH: a 4x4 matrix applied to 3-vectors taken as column */

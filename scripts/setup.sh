@@ -4,7 +4,7 @@
 set -euo pipefail
 need=()
 have() { dpkg -s "$1" >/dev/null 2>&1; }
-for p in build-essential cmake python3 libgtest-dev libbenchmark-dev libeigen3-dev liblapack-dev pkg-config; do
+for p in build-essential cmake python3 libgtest-dev libbenchmark-dev libeigen3-dev liblapack-dev libglm-dev pkg-config; do
   have "$p" || need+=("$p")
 done
 command -v nm >/dev/null || need+=(binutils)

@@ -432,6 +432,12 @@ std::vector<VectorRun> allRuns()
                         return kelmProject_m4v3a_32f(m, m + 16, m + 32, src, ss, 640, 480, 0.25f, 1, dst, ds, count);
                     },
                     [](In m, In v, F* d) { project(m, m + 16, m + 32, v, 640, 480, 0.25f, 1, d, true); }});
+    // Each vector of the runs as the single form computes it.
+    runs.push_back({"Unproject_m4v3a", 3, 3,
+                    [](In m, In src, int ss, F* dst, int ds, int count) {
+                        return kelmUnproject_m4v3a_32f(m, m + 16, m + 32, src, ss, 640, 480, 0.25f, 1, dst, ds, count);
+                    },
+                    [](In m, In v, F* d) { kelmUnproject_m4v3_32f(m, m + 16, m + 32, v, 640, 480, 0.25f, 1, d); }});
     return runs;
 }
 
@@ -505,6 +511,77 @@ TEST(GeometryGuard, VectorsEndingAtAPage)
         EXPECT_EQ(fn(m, v.as<float>(), out.as<float>()), kelStsNoErr);
         EXPECT_EQ(out.as<float>()[2], 2.0f);
     }
+}
+
+// ---- inverses and the way back ---------------------------------------------------
+
+void expectNear(In a, In b, int n, float tol, const char* what)
+{
+    for (int i = 0; i < n; ++i) ASSERT_NEAR(a[i], b[i], tol) << what << " element " << i;
+}
+
+// M * M^-1 is the identity to a few float steps, whether dst is src or not.
+TEST(InvertM4, TimesItselfIsIdentity)
+{
+    std::mt19937 rng(9);
+    const float id[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    for (int round = 0; round < 200; ++round) {
+        float m[16], inv[16], prod[16], det = 0;
+        for (int i = 0; i < 16; ++i) m[i] = sample(rng, 0) + (i % 5 == 0 ? 8.0f : 0.0f);  // diagonally dominant
+        ASSERT_EQ(kelmInvert_m4_32f(m, &det, inv), kelStsNoErr);
+        F want;
+        kelmDet_m4_32f(m, &want);
+        ASSERT_NEAR(det, want, 1e-5f * std::fabs(want));
+        kelmMul_mm4x4_32f(m, inv, prod);
+        expectNear(prod, id, 16, 2e-5f, "M * M^-1");
+        float same[16];
+        std::memcpy(same, m, sizeof m);
+        ASSERT_EQ(kelmInvert_m4_32f(same, nullptr, same), kelStsNoErr);
+        ASSERT_EQ(std::memcmp(same, inv, sizeof inv), 0) << "in place";
+    }
+}
+
+// Determinant 2^-119 is accepted; below it the matrix is refused, *det is
+// 0, dst keeps its bytes, and a null det works.
+TEST(InvertM4, RefusedBelowTwoToMinus119)
+{
+    const float a = 0x1p-30f;
+    float ok[16] = {a, 0, 0, 0, 0, a, 0, 0, 0, 0, a, 0, 0, 0, 0, 2 * a}, bad[16] = {a, 0, 0, 0, 0, a, 0, 0, 0, 0, a, 0, 0, 0, 0, a};
+    float dst[16], det = 5;
+    ASSERT_EQ(kelmInvert_m4_32f(ok, &det, dst), kelStsNoErr);
+    EXPECT_EQ(det, 0x1p-119f);
+    EXPECT_NEAR(dst[0], 0x1p30f, 0x1p30f * 1e-6f);
+    std::fill(dst, dst + 16, 7.0f);
+    ASSERT_EQ(kelmInvert_m4_32f(bad, &det, dst), kelStsSingular);
+    EXPECT_EQ(det, 0.0f);
+    ASSERT_EQ(kelmInvert_m4_32f(bad, nullptr, dst), kelStsSingular);
+    for (float v : dst) ASSERT_EQ(v, 7.0f);
+}
+
+// Project then Unproject gives the point back; a flattening world matrix
+// makes the product singular: the single form leaves the normalised
+// coordinates, the run writes nothing (and a run of none succeeds first).
+TEST(Unproject, BackToThePointOrSingular)
+{
+    const float eye[3] = {1, 2, -5}, at[3] = {0, 0, 0}, up[3] = {0, 1, 0};
+    float view[16], proj[16], world[16], flat[16];
+    kelmLookAtLH_m4_32f(eye, at, up, view);
+    kelmPerspectiveFovLH_m4_32f(0.8f, 1.5f, 0.5f, 50, proj);
+    kelmRotationYawPitchRoll_m4_32f(0.3f, -0.2f, 0.1f, world);
+    kelmScaling_m4_32f(1, 1, 0, flat);
+    const float p[3] = {0.5f, -0.25f, 1.0f};
+    float screen[3], back[3];
+    ASSERT_EQ(kelmProject_m4v3_32f(proj, view, world, p, 640, 480, 0, 1, screen), kelStsNoErr);
+    ASSERT_EQ(kelmUnproject_m4v3_32f(proj, view, world, screen, 640, 480, 0, 1, back), kelStsNoErr);
+    expectNear(back, p, 3, 1e-4f, "round trip");
+    ASSERT_EQ(kelmUnproject_m4v3_32f(proj, view, flat, screen, 640, 480, 0, 1, back), kelStsSingular);
+    EXPECT_EQ(back[0], screen[0] * 2 / 640 - 1);
+    EXPECT_EQ(back[1], screen[1] * -2 / 480 + 1);
+    EXPECT_EQ(back[2], screen[2]);
+    float runOut[3] = {9, 9, 9};
+    ASSERT_EQ(kelmUnproject_m4v3a_32f(proj, view, flat, screen, 12, 640, 480, 0, 1, runOut, 12, 1), kelStsSingular);
+    ASSERT_EQ(kelmUnproject_m4v3a_32f(proj, view, flat, screen, 12, 640, 480, 0, 1, runOut, 12, 0), kelStsNoErr);
+    for (float v : runOut) ASSERT_EQ(v, 9.0f);
 }
 
 // ---- AffineTransform3DH ----------------------------------------------------------------

@@ -1,6 +1,7 @@
 // Operations on 4x4 float matrices, vector transforms and projection to a
 // viewport.  All of a member's loads come before its first store, so a
 // destination may be a source wherever a member reads whole matrices.
+#include "factor/invert4x4.h"
 #include "geometry/transforms.h"
 
 namespace kel::geometry {
@@ -46,6 +47,33 @@ inline P vectorTimes(const M4& m, P v)
     return rowsTimes4(m, simd::spread<0>(v), simd::spread<1>(v), simd::spread<2>(v), simd::spread<3>(v));
 }
 
+using kel::load;
+using kel::store;
+
+// Viewport coordinates back to [-1, 1] x [-1, 1] x [0, 1].
+inline void fromViewport(const float* src, float width, float height, float minZ, float maxZ, float* dst)
+{
+    // Runs step by any byte count: elements are read and written at any
+    // alignment, in this order (dst may be src).
+    store<float>(dst, load<float>(src) * 2.0f / width - 1.0f);
+    store<float>(dst + 1, load<float>(src + 1) * -2.0f / height + 1.0f);
+    store<float>(dst + 2, (load<float>(src + 2) - minZ) / (maxZ - minZ));
+}
+
+// Inverse of (World * View) * Projection, in double precision and rounded
+// back; false when the product is singular.
+bool unprojection(const float* proj, const float* view, const float* world, M4& inv)
+{
+    float t[16];
+    product(product(M4::load(world), M4::load(view)), M4::load(proj)).store(t);
+    double wide[16], out[16];
+    for (int i = 0; i < 16; ++i) wide[i] = t[i];
+    if (factor::ownInvert4x4_64f(wide, 32, out, 32) != kelStsNoErr) return false;
+    for (int i = 0; i < 16; ++i) t[i] = static_cast<float>(out[i]);
+    inv = M4::load(t);
+    return true;
+}
+
 }  // namespace
 }  // namespace kel::geometry
 
@@ -63,6 +91,13 @@ KelStatus kelmDet_m4_32f(const Kel32f* src, Kel32f* dst)
 
 // Exact compares.  With m[0][0] == 1, any column equal to its identity
 // column is enough: the rows' lane compares are ANDed and any lane counts.
+// The inverse by cofactors times a refined reciprocal of the determinant;
+// a determinant below 2^-119 in magnitude is refused (dst untouched, *det 0).
+KelStatus kelmInvert_m4_32f(const Kel32f* src, Kel32f* det, Kel32f* dst)
+{
+    return kel::factor::ownInvert4x4_32f<kel::factor::FixedMatrixRules>(src, 16, dst, 16, det);
+}
+
 KelStatus kelmIsIdentity_m4_32f(const Kel32f* src, int* result)
 {
     if (!(src[0] == 1.0f)) {
@@ -135,6 +170,35 @@ KelStatus kelmProject_m4v3a_32f(const Kel32f* mProjection, const Kel32f* mView, 
     const Viewport vp(viewWidth, viewHeight, minZ, maxZ);
     for (int32_t i = 0; i < count; ++i)
         vp.put(pointTimes(t, offset(src, mul32(i, srcStride0))), offset(dst, mul32(i, dstStride0)));
+    return kelStsNoErr;
+}
+
+// The way back: dst first gets the normalised coordinates, which stay
+// there when the matrices cannot be inverted.
+KelStatus kelmUnproject_m4v3_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld,
+                                 const Kel32f* src, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ,
+                                 Kel32f* dst)
+{
+    fromViewport(src, viewWidth, viewHeight, minZ, maxZ, dst);
+    M4 inv;
+    if (!unprojection(mProjection, mView, mWorld, inv)) return kelStsSingular;
+    transformOne<Kind::Coord, 3>(inv, dst, dst);
+    return kelStsNoErr;
+}
+
+// The runs invert first: a singular product writes nothing at all.
+KelStatus kelmUnproject_m4v3a_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld,
+                                  const Kel32f* src, int srcStride0, Kel32f viewWidth, Kel32f viewHeight,
+                                  Kel32f minZ, Kel32f maxZ, Kel32f* dst, int dstStride0, int count)
+{
+    if (count < 1) return kelStsNoErr;
+    M4 inv;
+    if (!unprojection(mProjection, mView, mWorld, inv)) return kelStsSingular;
+    for (int32_t i = 0; i < count; ++i) {
+        float v[3];
+        fromViewport(offset(src, mul32(i, srcStride0)), viewWidth, viewHeight, minZ, maxZ, v);
+        transformOne<Kind::Coord, 3>(inv, v, offset(dst, mul32(i, dstStride0)));
+    }
     return kelStsNoErr;
 }
 
