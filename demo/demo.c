@@ -433,6 +433,27 @@ static void eigenDemo(void)
             }
     printf("   largest residual of a v = lambda v for the real eigenvalue: %.1e\n", worst);
     if (worst > 1e-12) failed = 1;
+/* ---- 3. A camera: view, projection, points to the screen and back -------- */
+
+static void cameraDemo(void)
+{
+    const Kel32f eye[3] = {0, 2, -6}, at[3] = {0, 0, 0}, up[3] = {0, 1, 0};
+    Kel32f view[16], proj[16], world[16], screen[3], back[3];
+    const Kel32f corner[3] = {1, 1, 1};
+    int i, close = 1;
+
+    printf("\n3. A camera looking at a unit cube\n");
+    /* Row vectors: world, then view, then projection. */
+    kelmIdentity_m4_32f(world);
+    kelmLookAtLH_m4_32f(eye, at, up, view);
+    kelmPerspectiveFovLH_m4_32f(0.785398f, 640.0f / 480.0f, 0.1f, 100.0f, proj);
+    expect(kelmProject_m4v3_32f(proj, view, world, corner, 640, 480, 0, 1, screen), kelStsNoErr, "Project");
+    printf("   corner (1, 1, 1) lands at pixel (%.1f, %.1f), depth %.4f\n", screen[0], screen[1], screen[2]);
+    expect(kelmUnproject_m4v3_32f(proj, view, world, screen, 640, 480, 0, 1, back), kelStsNoErr, "Unproject");
+    for (i = 0; i < 3; ++i) close &= fabs(back[i] - corner[i]) < 1e-3;
+    printf("   and back from the screen: (%.4f, %.4f, %.4f) %s\n", back[0], back[1], back[2],
+           close ? "(the corner again)" : "(WRONG)");
+    if (!close || screen[0] < 320 || screen[1] > 240) failed = 1;
 }
 
 int main(void)
@@ -445,6 +466,7 @@ int main(void)
     vectorDemo();
     invertDemo();
     eigenDemo();
+    cameraDemo();
     printf("\n%s\n", failed ? "Something went wrong." : "All checks passed.");
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

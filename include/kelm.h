@@ -546,6 +546,120 @@ KELM_API KelStatus kelmQRDecomp_ma_64f(const Kel64f* src, int srcStride0, int sr
 KELM_API KelStatus kelmQRDecomp_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, int width, int height, int count);
 KELM_API KelStatus kelmQRDecomp_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, int width, int height, int count);
 
+/* ---- builders (builders) ---- */
+/* 4x4 float matrices, row-major, for row vectors multiplying from the */
+/* left (v * M): identity, view, projection, rotation, scaling and */
+/* translation matrices.  All 16 elements are written; nothing is tested. */
+KELM_API KelStatus kelmIdentity_m4_32f(Kel32f* dst);
+KELM_API KelStatus kelmLookAtLH_m4_32f(const Kel32f* eye, const Kel32f* at, const Kel32f* up, Kel32f* dst);
+KELM_API KelStatus kelmLookAtRH_m4_32f(const Kel32f* eye, const Kel32f* at, const Kel32f* up, Kel32f* dst);
+KELM_API KelStatus kelmOrthoLH_m4_32f(Kel32f w, Kel32f h, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmOrthoRH_m4_32f(Kel32f w, Kel32f h, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmPerspectiveLH_m4_32f(Kel32f w, Kel32f h, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmPerspectiveRH_m4_32f(Kel32f w, Kel32f h, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmOrthoOffCenterLH_m4_32f(Kel32f l, Kel32f r, Kel32f b, Kel32f t, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmOrthoOffCenterRH_m4_32f(Kel32f l, Kel32f r, Kel32f b, Kel32f t, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmPerspectiveOffCenterLH_m4_32f(Kel32f l, Kel32f r, Kel32f b, Kel32f t, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmPerspectiveOffCenterRH_m4_32f(Kel32f l, Kel32f r, Kel32f b, Kel32f t, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmPerspectiveFovLH_m4_32f(Kel32f fovY, Kel32f aspect, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmPerspectiveFovRH_m4_32f(Kel32f fovY, Kel32f aspect, Kel32f zn, Kel32f zf, Kel32f* dst);
+KELM_API KelStatus kelmRotationX_m4_32f(Kel32f angle, Kel32f* dst);
+KELM_API KelStatus kelmRotationY_m4_32f(Kel32f angle, Kel32f* dst);
+KELM_API KelStatus kelmRotationZ_m4_32f(Kel32f angle, Kel32f* dst);
+KELM_API KelStatus kelmRotationYawPitchRoll_m4_32f(Kel32f yaw, Kel32f pitch, Kel32f roll, Kel32f* dst);
+KELM_API KelStatus kelmRotationAxis_v3m4_32f(const Kel32f* axis, Kel32f angle, Kel32f* dst);
+KELM_API KelStatus kelmScaling_m4_32f(Kel32f x, Kel32f y, Kel32f z, Kel32f* dst);
+KELM_API KelStatus kelmTranslation_m4_32f(Kel32f x, Kel32f y, Kel32f z, Kel32f* dst);
+
+/* ---- matrix4 (matrix4) ---- */
+/* Operations on 4x4 float matrices and transforms of 2-, 3- and 4-vectors */
+/* (row vectors, v * M), singly and in runs (`a`: byte strides from vector */
+/* to vector, nothing done for count < 1).  Mul_mm4x4 returns */
+/* kelStsNullPointer for a null pointer; Invert_m4 and the Unprojects */
+/* return kelStsSingular for a matrix they cannot invert; the others test */
+/* nothing. */
+KELM_API KelStatus kelmDet_m4_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmInvert_m4_32f(const Kel32f* src, Kel32f* det, Kel32f* dst);
+KELM_API KelStatus kelmIsIdentity_m4_32f(const Kel32f* src, int* result);
+KELM_API KelStatus kelmTranspose_m4_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmMul_mm4x4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMulTranspose_m4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransform_m4v2_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransform_m4v2a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmAffineTransform_m4v3_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransform_m4v3a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmAffineTransform_m4v4_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransform_m4v4a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmAffineTransformCoord_m4v2_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransformCoord_m4v2a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmAffineTransformCoord_m4v3_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransformCoord_m4v3a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmAffineTransformNormal_m4v2_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransformNormal_m4v2a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmAffineTransformNormal_m4v3_32f(const Kel32f* matrix, const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmAffineTransformNormal_m4v3a_32f(const Kel32f* matrix, const Kel32f* src, int srcStride0, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmProject_m4v3_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst);
+KELM_API KelStatus kelmProject_m4v3a_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, int srcStride0, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst, int dstStride0, int count);
+KELM_API KelStatus kelmUnproject_m4v3_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst);
+KELM_API KelStatus kelmUnproject_m4v3a_32f(const Kel32f* mProjection, const Kel32f* mView, const Kel32f* mWorld, const Kel32f* src, int srcStride0, Kel32f viewWidth, Kel32f viewHeight, Kel32f minZ, Kel32f maxZ, Kel32f* dst, int dstStride0, int count);
+
+/* ---- AffineTransform3DH (transform3dh) ---- */
+/* AffineTransform3DH: a 4x4 matrix applied to 3-vectors taken as column */
+/* vectors with a fourth component 1, then divided by the resulting w.  A */
+/* vector whose |w| is not above the smallest normal float gets the largest */
+/* float in its three components and the call returns kelStsDivideByZero; */
+/* the other vectors are still transformed. */
+KELM_API KelStatus kelmAffineTransform3DH_mva_32f(const Kel32f* src1, int src1Stride1, int src1Stride2, const Kel32f* src2, int src2Stride0, int src2Stride2, Kel32f* dst, int dstStride0, int dstStride2, int count);
+
+/* ---- vectors (vectors) ---- */
+/* Vectors of 2, 3 or 4 floats at plain pointers: arithmetic, lengths, */
+/* products and interpolation.  Every function returns 0 and tests nothing. */
+/* Hermite takes position 1, tangent 1, position 2, tangent 2; CrossProduct */
+/* of 2-vectors writes one float (the z of the product), of 4-vectors takes */
+/* three vectors. */
+KELM_API KelStatus kelmAdd_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmSub_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMulC_v2_32f(const Kel32f* src, Kel32f val, Kel32f* dst);
+KELM_API KelStatus kelmMin_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMax_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmLen_v2_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmLenSqr_v2_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmNormalize_v2_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmDotProduct_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmCrossProduct_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmBaryCentric_v2_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, Kel32f f, Kel32f g, Kel32f* dst);
+KELM_API KelStatus kelmHermite_v2_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, const Kel32f* src4, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmInterpolationLinear_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmInterpolationCatmullRom_v2_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, const Kel32f* src4, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmAdd_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmSub_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMulC_v3_32f(const Kel32f* src, Kel32f val, Kel32f* dst);
+KELM_API KelStatus kelmMin_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMax_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmLen_v3_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmLenSqr_v3_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmNormalize_v3_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmDotProduct_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmCrossProduct_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmBaryCentric_v3_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, Kel32f f, Kel32f g, Kel32f* dst);
+KELM_API KelStatus kelmHermite_v3_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, const Kel32f* src4, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmInterpolationLinear_v3_32f(const Kel32f* src1, const Kel32f* src2, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmInterpolationCatmullRom_v3_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, const Kel32f* src4, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmAdd_v4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmSub_v4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMulC_v4_32f(const Kel32f* src, Kel32f val, Kel32f* dst);
+KELM_API KelStatus kelmMin_v4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmMax_v4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmLen_v4_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmLenSqr_v4_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmNormalize_v4_32f(const Kel32f* src, Kel32f* dst);
+KELM_API KelStatus kelmDotProduct_v4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst);
+KELM_API KelStatus kelmCrossProduct_v4_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, Kel32f* dst);
+KELM_API KelStatus kelmBaryCentric_v4_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, Kel32f f, Kel32f g, Kel32f* dst);
+KELM_API KelStatus kelmHermite_v4_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, const Kel32f* src4, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmInterpolationLinear_v4_32f(const Kel32f* src1, const Kel32f* src2, Kel32f s, Kel32f* dst);
+KELM_API KelStatus kelmInterpolationCatmullRom_v4_32f(const Kel32f* src1, const Kel32f* src2, const Kel32f* src3, const Kel32f* src4, Kel32f s, Kel32f* dst);
+
 /* ---- Copy (copy) ---- */
 /* Copy: the objects of an array from one description into another.  The */
 /* suffix names the source's description, then the destination's. */

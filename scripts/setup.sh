@@ -5,8 +5,9 @@ set -euo pipefail
 need=()
 have() { dpkg -s "$1" >/dev/null 2>&1; }
 # The Python package is built and tested with Debian's interpreter and its
-# numpy, pytest, dask and matplotlib (bench plot); glm is a bench peer; clang with its sanitizer
-# runtimes, libFuzzer and LLVM's OpenMP builds the sanitizer and fuzz stages.
+# numpy, pytest, dask and matplotlib (bench plot); glm is a bench peer;
+# clang with its sanitizer runtimes, libFuzzer and LLVM's OpenMP builds the
+# sanitizer and fuzz stages.
 for p in build-essential cmake python3 libgtest-dev libbenchmark-dev libeigen3-dev libglm-dev liblapack-dev pkg-config \
          python3-dev python3-numpy python3-pytest python3-dask python3-distributed python3-matplotlib \
          clang libclang-rt-dev libomp-dev; do

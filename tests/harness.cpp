@@ -69,7 +69,7 @@ const std::vector<Member>& registry()
         for (int k = 0; k < kRawMemberCount; ++k) {
             const RawMember& r = kRawMembers[k];
             Member m{r.name, r.family, r.code, r.desc, r.elem, r.order, r.estimate, r.limitPacked, r.limitStrided,
-                     r.array, {}, r.invoke};
+                     r.array, {}, r.invoke, r.plain};
             for (int g = 0; g < r.groupCount; ++g)
                 m.groups.push_back(GroupInfo{r.groups[g].kind, r.groups[g].prefix, r.groups[g].desc});
             out.push_back(std::move(m));
@@ -90,7 +90,8 @@ std::vector<std::string> memberNames(const std::vector<std::string>& families)
 {
     std::vector<std::string> out;
     for (auto& m : registry())
-        if (std::find(families.begin(), families.end(), m.family) != families.end()) out.push_back(m.name);
+        if (!m.plain && std::find(families.begin(), families.end(), m.family) != families.end())
+            out.push_back(m.name);
     return out;
 }
 

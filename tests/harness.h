@@ -56,6 +56,7 @@ struct Member {
     bool array;
     std::vector<GroupInfo> groups;
     KelStatus (*invoke)(const Call&);
+    bool plain;             // spells its own prototype: no call, no generic tests
 
     bool has(const std::string& size) const;
 };
@@ -75,12 +76,14 @@ struct RawMember {
     const RawGroup* groups;
     int groupCount;
     KelStatus (*invoke)(const Call&);
+    bool plain;
 };
 extern const RawMember kRawMembers[];
 extern const int kRawMemberCount;
 
 const std::vector<Member>& registry();
 const Member& member(const std::string& name);
+// Members of the families that have a call (plain members left out).
 std::vector<std::string> memberNames(const std::vector<std::string>& families);
 
 // Operand letters of a code in operation order: "tama" -> {"ta", "ma"}.

@@ -36,6 +36,17 @@ that never fork: the kernel then runs serially on all objects); the limit is
 `packed/strided`, one number for both, `serial` for an array that has an
 estimate but never forks, or `-` with no estimate.
 
+Plain rows spell their own prototype and have hand-written bodies (the
+fixed-size geometry functions, which take bare pointers and no
+descriptions):
+
+    @plain kelmAdd_v2_32f(const Kel32f* src1, const Kel32f* src2, Kel32f* dst)
+
+They go into the header, the export list and the registry (marked plain,
+without a call, so the generic family tests leave them out), but no export
+function is generated for them.  A table may hold plain rows alone; it then
+needs no @family or @frontend.
+
 Outputs:
     kelgen.py header OUT        the public header (include/kelm.h)
     kelgen.py exports DIR       one C++ file of export functions per family
@@ -221,6 +232,20 @@ def group_args(kind, prefix, d, elem, base):
     raise SystemExit(f"unknown group kind {kind}")
 
 
+class PlainMember:
+    def __init__(self, family, text, line):
+        m = re.match(r"^(kelm\w+)\((.*)\)$", text)
+        n = NAME_RE.match(m.group(1)) if m else None
+        if not n:
+            raise SystemExit(f"{family.path}:{line}: expected @plain name(arguments)")
+        self.family = family
+        self.name = m.group(1)
+        self.params = m.group(2).strip() or "void"
+        self.fam = n.group(1)
+        self.code = n.group(2)
+        self.type = n.group(3)
+
+
 class Family:
     def __init__(self, path):
         self.path = path
@@ -232,6 +257,7 @@ class Family:
         self.shapes = {}
         self.pointers = {}
         self.members = []
+        self.plain = []
         self.comment = []
         with open(path) as f:
             for no, raw in enumerate(f, 1):
@@ -247,6 +273,8 @@ class Family:
                     self.frontend = words[1]
                 elif words[0] == "@header":
                     self.header = words[1]
+                elif words[0] == "@plain":
+                    self.plain.append(PlainMember(self, line[len("@plain"):].strip(), no))
                 elif words[0] == "@shape":
                     groups = []
                     for w in words[2:]:
@@ -272,7 +300,7 @@ def load_families():
     fams = [Family(p) for p in paths]
     seen = set()
     for fam in fams:
-        for m in fam.members:
+        for m in fam.members + fam.plain:
             if m.name in seen:
                 raise SystemExit(f"{m.name} listed twice")
             seen.add(m.name)
@@ -281,6 +309,10 @@ def load_families():
 
 def all_members(fams):
     return [m for fam in fams for m in fam.members]
+
+
+def all_names(fams):
+    return [m.name for fam in fams for m in fam.members + fam.plain]
 
 
 def prototype(m, sep=", "):
@@ -293,10 +325,12 @@ def cmd_header(fams, out):
         template = f.read()
     lines = []
     for fam in fams:
-        lines.append(f"/* ---- {fam.name} ({fam.stem}) ---- */")
+        lines.append(f"/* ---- {fam.name or fam.stem} ({fam.stem}) ---- */")
         lines += [f"/* {c} */" for c in fam.comment]
         for m in fam.members:
             lines.append(f"KELM_API {prototype(m)};")
+        for m in fam.plain:
+            lines.append(f"KELM_API KelStatus {m.name}({m.params});")
         lines.append("")
     write_if_changed(out, template.replace("@DECLARATIONS@", "\n".join(lines)))
 
@@ -311,6 +345,8 @@ def estimate_fn(expr):
 def cmd_exports(fams, outdir):
     os.makedirs(outdir, exist_ok=True)
     for fam in fams:
+        if not fam.members:
+            continue
         lines = [
             f"// Exports of {fam.name}, generated from {os.path.relpath(fam.path, ROOT)}.",
             f'#include "{fam.header or fam.folder + "/" + fam.stem + ".h"}"',
@@ -337,7 +373,7 @@ def cmd_exports(fams, outdir):
 
 
 def cmd_mapfile(fams, out):
-    names = ["kelmGetLibVersion"] + [m.name for m in all_members(fams)]
+    names = ["kelmGetLibVersion"] + all_names(fams)
     body = "".join(f"    {n};\n" for n in names)
     write_if_changed(out, "{\n  global:\n" + body + "  local:\n    *;\n};\n")
 
@@ -372,7 +408,9 @@ def cmd_registry(fams, out):
         rows.append(
             f'    {{"{m.name}", "{m.family.name}", "{m.code}", "{m.desc}", {4 if m.type == "32f" else 8}, '
             f'"{m.order}", "{m.estimate or ""}", {lp}, {ls}, {"true" if lim else "false"}, '
-            f"groups{k}, {len(m.groups)}, call{k}}},")
+            f"groups{k}, {len(m.groups)}, call{k}, false}},")
+    for m in (p for fam in fams for p in fam.plain):
+        rows.append(f'    {{"{m.name}", "{m.fam}", "{m.code}", "S", 4, "", "", 0, 0, false, nullptr, 0, nullptr, true}},')
     text = "\n".join(
         ["// Test registry, generated from the member tables.", "", "namespace {", ""] + calls + [""] + groups +
         ["", "}  // namespace", "", "const kt::RawMember kt::kRawMembers[] = {"] + rows +
@@ -437,10 +475,10 @@ def main():
     elif cmd == "python":
         cmd_python(fams, sys.argv[2])
     elif cmd == "names":
-        for m in all_members(fams):
-            print(m.name)
+        for name in all_names(fams):
+            print(name)
     elif cmd == "sources":
-        for fam in fams:
+        for fam in (f for f in fams if f.members):
             print(f"exports_{fam.stem}.cpp")
     else:
         raise SystemExit(__doc__)

@@ -86,6 +86,7 @@ struct Pack<Sse, float> {
     friend Pack operator+(Pack a, Pack b) { return {_mm_add_ps(a.v, b.v)}; }
     friend Pack operator-(Pack a, Pack b) { return {_mm_sub_ps(a.v, b.v)}; }
     friend Pack operator*(Pack a, Pack b) { return {_mm_mul_ps(a.v, b.v)}; }
+    friend Pack operator/(Pack a, Pack b) { return {_mm_div_ps(a.v, b.v)}; }
 };
 
 template <>
@@ -101,6 +102,7 @@ struct Pack<Sse, double> {
     friend Pack operator+(Pack a, Pack b) { return {_mm_add_pd(a.v, b.v)}; }
     friend Pack operator-(Pack a, Pack b) { return {_mm_sub_pd(a.v, b.v)}; }
     friend Pack operator*(Pack a, Pack b) { return {_mm_mul_pd(a.v, b.v)}; }
+    friend Pack operator/(Pack a, Pack b) { return {_mm_div_pd(a.v, b.v)}; }
 };
 
 // ---- Scalar twin -------------------------------------------------------------
@@ -146,6 +148,7 @@ struct Pack<Scalar, T> {
     friend Pack operator+(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x + y; }); }
     friend Pack operator-(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x - y; }); }
     friend Pack operator*(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x * y; }); }
+    friend Pack operator/(Pack a, Pack b) { return zip(a, b, [](T x, T y) { return x / y; }); }
 };
 
 // ---- Rows --------------------------------------------------------------------
