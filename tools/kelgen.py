@@ -19,7 +19,10 @@ of the argument list: `kind:prefix` for an operand, a bare word for a size.
 Kinds: ma ta m t va v (matrices, transposed, vectors; `a` for arrays),
 c ca (constant, array of constants), out (dense result buffer), buf
 (scratch pointer), piv / cpiv (writable / read-only pivot table).  Groups
-named dst... are written, all others read.  A description letter turns each
+named dst... are written, all others read.  `kind:prefix=name` gives the
+base pointer of a matrix or vector its own name while strides, table and
+shift keep the prefix: `ma:dst=dstVectors` takes dstVectors, dstStride0 ...
+in S and ppDst, dstRoiShift in L and P.  A description letter turns each
 group into its arguments; a two-letter description (Copy) gives the first
 letter to the source group and the second to the destination group.
 
@@ -162,6 +165,8 @@ def cap(prefix):
 
 def group_args(kind, prefix, d, elem):
     """Arguments of one group and the C++ expression of its view."""
+    prefix, _, name = prefix.partition("=")
+    name = name or prefix  # the base pointer's argument
     writable = prefix.startswith("dst")
     ct = elem if writable else f"const {elem}"
     pp = f"pp{cap(prefix)}"
@@ -184,8 +189,8 @@ def group_args(kind, prefix, d, elem):
     trans = "true" if kind in ("t", "ta") else "false"
     if kind in ("ma", "ta"):
         if d == "S":
-            return ([(ptr, prefix, "p"), ("int", s0, "s0"), ("int", s1, "s1"), ("int", s2, "s2")],
-                    f"kel::matArrS<{ct}, {trans}>({prefix}, {s0}, {s1}, {s2})")
+            return ([(ptr, name, "p"), ("int", s0, "s0"), ("int", s1, "s1"), ("int", s2, "s2")],
+                    f"kel::matArrS<{ct}, {trans}>({name}, {s0}, {s1}, {s2})")
         if d == "L":
             return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s1, "s1"), ("int", s2, "s2")],
                     f"kel::matArrL<{ct}, {trans}>({pp}, {roi}, {s1}, {s2})")
@@ -194,12 +199,12 @@ def group_args(kind, prefix, d, elem):
     if kind in ("m", "t"):
         if d == "P":
             return [(tab, pp, "pp"), ("int", roi, "roi")], f"kel::matP<{ct}, {trans}>({pp}, {roi})"
-        return ([(ptr, prefix, "p"), ("int", s1, "s1"), ("int", s2, "s2")],
-                f"kel::matS<{ct}, {trans}, kel::Desc::{d}>({prefix}, {s1}, {s2})")
+        return ([(ptr, name, "p"), ("int", s1, "s1"), ("int", s2, "s2")],
+                f"kel::matS<{ct}, {trans}, kel::Desc::{d}>({name}, {s1}, {s2})")
     if kind == "va":
         if d == "S":
-            return ([(ptr, prefix, "p"), ("int", s0, "s0"), ("int", s2, "s2")],
-                    f"kel::vecArrS<{ct}>({prefix}, {s0}, {s2})")
+            return ([(ptr, name, "p"), ("int", s0, "s0"), ("int", s2, "s2")],
+                    f"kel::vecArrS<{ct}>({name}, {s0}, {s2})")
         if d == "L":
             return ([(tab, pp, "pp"), ("int", roi, "roi"), ("int", s2, "s2")],
                     f"kel::vecArrL<{ct}>({pp}, {roi}, {s2})")
@@ -208,7 +213,7 @@ def group_args(kind, prefix, d, elem):
     if kind == "v":
         if d == "P":
             return [(tab, pp, "pp"), ("int", roi, "roi")], f"kel::vecP<{ct}>({pp}, {roi})"
-        return [(ptr, prefix, "p"), ("int", s2, "s2")], f"kel::vecS<{ct}, kel::Desc::{d}>({prefix}, {s2})"
+        return [(ptr, name, "p"), ("int", s2, "s2")], f"kel::vecS<{ct}, kel::Desc::{d}>({name}, {s2})"
     raise SystemExit(f"unknown group kind {kind}")
 
 
@@ -346,7 +351,7 @@ def cmd_registry(fams, out):
         descs = iter(m.group_descs())
         for g in m.groups:
             d = "-" if g[0] == "size" else next(descs)
-            gs.append(f'{{"{g[0]}", "{g[1]}", \'{d}\'}}')
+            gs.append(f'{{"{g[0]}", "{g[1].split("=")[0]}", \'{d}\'}}')
         groups.append(f"const kt::RawGroup groups{k}[] = {{{', '.join(gs)}}};")
         lim = m.limits()
         lp, ls = (lim if lim else ("0", "0"))
