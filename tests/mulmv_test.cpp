@@ -17,6 +17,7 @@
 
 #include "families.h"
 #include "harness.h"
+#include "lanesum_model.h"
 
 namespace {
 
@@ -70,32 +71,6 @@ bool straightLine(const Member& m, Path path)
 
 // ---- the model -------------------------------------------------------------------------
 
-// Mul_mva_32f's packed general path, element by element: lane i of p and q
-// sums the products at k = peel + 8j + i and k = peel + 8j + 4 + i; lane 0
-// of p begins with the sum of the peel products; the lanes are reduced as
-// (s0 + s1) + (s2 + s3); the tail is added in ascending order.
-float laneDotModel(const std::vector<float>& a, const std::vector<float>& b, uintptr_t address)
-{
-    const int K = static_cast<int>(a.size());
-    const int peel = address % 16 == 0 ? 0 : static_cast<int>((16 - address % 16) / 4);
-    float plain = 0.0f;
-    for (int k = 0; k < K; ++k) plain += a[k] * b[k];
-    if (address % 4 != 0 || peel + 8 > K) return plain;
-    float p[4] = {0, 0, 0, 0}, q[4] = {0, 0, 0, 0};
-    for (int k = 0; k < peel; ++k) p[0] += a[k] * b[k];
-    const int end = K - (K - peel) % 8;
-    for (int k = peel; k < end; k += 8)
-        for (int i = 0; i < 4; ++i) {
-            p[i] += a[k + i] * b[k + i];
-            q[i] += a[k + 4 + i] * b[k + 4 + i];
-        }
-    float s[4];
-    for (int i = 0; i < 4; ++i) s[i] = p[i] + q[i];
-    float total = (s[0] + s[1]) + (s[2] + s[3]);
-    for (int k = end; k < K; ++k) total += a[k] * b[k];
-    return total;
-}
-
 int groupOf(const Member& m, const std::string& prefix)
 {
     for (size_t k = 0; k < m.groups.size(); ++k)
@@ -131,7 +106,7 @@ std::vector<double> modelOf(const Case& s)
             if (laneDot) {
                 const auto addr = reinterpret_cast<uintptr_t>(X.arena.data() + X.offsets[X.index(xn, 0, 0)]);
                 std::vector<float> af(a.begin(), a.end()), xf(x.begin(), x.end());
-                sum = static_cast<T>(laneDotModel(af, xf, addr));
+                sum = static_cast<T>(kt::laneSumModel(af.data(), xf.data(), static_cast<int>(af.size()), addr));
             } else if (straight) {
                 sum = a[0] * x[0];
                 for (int k = 1; k < K; ++k) sum += a[k] * x[k];
@@ -320,7 +295,7 @@ TEST(MulMva32f, LaneSumsFollowTheVectorsAddress)
                 const float* xp = reinterpret_cast<const float*>(buf + shift);
                 float d, dl;
                 ASSERT_EQ(kelmMul_mva_32f(a.data(), K * 4, 4, K, 1, xp, 128, 4, K, &d, 4, 4, 1), kelStsNoErr);
-                const float want = laneDotModel(a, x, reinterpret_cast<uintptr_t>(xp));
+                const float want = kt::laneSumModel(a.data(), x.data(), static_cast<int>(a.size()), reinterpret_cast<uintptr_t>(xp));
                 ASSERT_EQ(toBits(d, 4), toBits(want, 4)) << "K=" << K << " shift=" << shift;
                 if (K == 7 || shift == 2) {
                     ASSERT_EQ(toBits(d, 4), toBits(plain, 4));

@@ -2,11 +2,15 @@
 // with both on the same operands.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstring>
 #include <random>
 #include <vector>
 
 #include "elementwise/elementwise.h"
+#include "frame/lanesum.h"
 #include "frame/simd.h"
+#include "lanesum_model.h"
 
 namespace {
 
@@ -71,6 +75,51 @@ TEST(Simd, ElementwiseKernelEqualsScalarTwin)
         for (int h : {1, 3, w}) {
             kernelsAgree<float, elementwise::Plus>(w, h, 3);
             kernelsAgree<double, elementwise::Minus>(w, h, 3);
+        }
+}
+
+// The named reductions, the square root and the transposition keep their
+// orders in both forms; the lane sum gives the model's bits in both, at
+// every offset of b from a 16-byte boundary and with a running start.
+TEST(Simd, ReductionsAndLaneSumEqualScalarTwinAndModel)
+{
+    std::mt19937 rng(11);
+    for (int trial = 0; trial < 50; ++trial) {
+        const auto x = randomRow<float>(rng, 16);
+        simd::Pack<simd::Sse, float> a[4];
+        simd::Pack<simd::Scalar, float> b[4];
+        for (int i = 0; i < 4; ++i) {
+            a[i] = simd::Pack<simd::Sse, float>::load(&x[4 * i]);
+            b[i] = simd::Pack<simd::Scalar, float>::load(&x[4 * i]);
+        }
+        const float* s = x.data();
+        EXPECT_EQ(simd::sumPairs(a[0]), (s[0] + s[1]) + (s[2] + s[3]));
+        EXPECT_EQ(simd::sumHalves(a[0]), (s[0] + s[2]) + (s[1] + s[3]));
+        EXPECT_EQ(simd::sumPairs(b[0]), simd::sumPairs(a[0]));
+        EXPECT_EQ(simd::sumHalves(b[0]), simd::sumHalves(a[0]));
+        simd::transpose4(a);
+        simd::transpose4(b);
+        float ta[16], tb[16];
+        for (int i = 0; i < 4; ++i) {
+            simd::sqrt(a[i] * a[i]).store(&ta[4 * i]);
+            simd::sqrt(b[i] * b[i]).store(&tb[4 * i]);
+        }
+        for (int i = 0; i < 4; ++i)
+            for (int j = 0; j < 4; ++j) EXPECT_EQ(ta[4 * i + j], std::sqrt(x[4 * j + i] * x[4 * j + i]));
+        EXPECT_EQ(std::memcmp(ta, tb, sizeof ta), 0);
+    }
+    for (int K : {1, 7, 8, 9, 12, 17, 33})
+        for (int shift : {0, 4, 8, 12, 2}) {
+            const auto a = randomRow<float>(rng, K), b = randomRow<float>(rng, K);
+            alignas(16) unsigned char buf[4 * 40];
+            std::memcpy(buf + shift, b.data(), 4 * K);
+            const float* bp = reinterpret_cast<const float*>(buf + shift);
+            const auto at = reinterpret_cast<uintptr_t>(bp);
+            for (float start : {0.0f, 3.25f}) {
+                const float want = kt::laneSumModel(a.data(), b.data(), K, at, start);
+                EXPECT_EQ(laneDot<simd::Sse>(a.data(), bp, K, start), want) << K << " " << shift;
+                EXPECT_EQ(laneDot<simd::Scalar>(a.data(), bp, K, start), want) << K << " " << shift;
+            }
         }
 }
 

@@ -12,8 +12,10 @@
 #pragma once
 
 #include <emmintrin.h>
+#include <pmmintrin.h>
 #include <xmmintrin.h>
 
+#include <cmath>
 #include <cstring>
 
 namespace kel::simd {
@@ -48,7 +50,11 @@ template <>
 struct Pack<Sse, float> {
     __m128 v;
     static Pack splat(float x) { return {_mm_set1_ps(x)}; }
+    // x in lane 0, zeros in the others.
+    static Pack first(float x) { return {_mm_set_ss(x)}; }
     static Pack load(const float* p) { return {_mm_loadu_ps(p)}; }
+    // p on a 16-byte boundary.
+    static Pack loadAligned(const float* p) { return {_mm_load_ps(p)}; }
     // Loads k elements (1..3); other lanes are 0.
     static Pack loadPart(const float* p, int k)
     {
@@ -86,7 +92,9 @@ template <>
 struct Pack<Sse, double> {
     __m128d v;
     static Pack splat(double x) { return {_mm_set1_pd(x)}; }
+    static Pack first(double x) { return {_mm_set_sd(x)}; }
     static Pack load(const double* p) { return {_mm_loadu_pd(p)}; }
+    static Pack loadAligned(const double* p) { return {_mm_load_pd(p)}; }
     static Pack loadPart(const double* p, int) { return {_mm_castsi128_pd(load64(p))}; }
     void store(double* p) const { _mm_storeu_pd(p, v); }
     void storePart(double* p, int) const { store64(p, _mm_castpd_si128(v)); }
@@ -107,12 +115,19 @@ struct Pack<Scalar, T> {
         for (int i = 0; i < N; ++i) r.v[i] = x;
         return r;
     }
+    static Pack first(T x)
+    {
+        Pack r = splat(T(0));
+        r.v[0] = x;
+        return r;
+    }
     static Pack load(const T* p)
     {
         Pack r;
         std::memcpy(r.v, p, sizeof r.v);
         return r;
     }
+    static Pack loadAligned(const T* p) { return load(p); }
     static Pack loadPart(const T* p, int k)
     {
         Pack r = splat(T(0));
@@ -220,6 +235,50 @@ inline Row<Isa, T, W> operator*(const Row<Isa, T, W>& r, Pack<Isa, T> s)
     Row<Isa, T, W> out;
     for (int k = 0; k < Row<Isa, T, W>::kPacks; ++k) out.p[k] = r.p[k] * s;
     return out;
+}
+
+// ---- Reductions and lane moves ---------------------------------------------------
+
+// The two orders in which the library reduces four float lanes to one:
+//   sumPairs   (s0 + s1) + (s2 + s3)   lane sums of dot products and norms
+//   sumHalves  (s0 + s2) + (s1 + s3)   the high half folded onto the low one
+inline float sumPairs(Pack<Sse, float> p)
+{
+    const __m128 odd = _mm_movehdup_ps(p.v);        // s1 s1 s3 s3
+    const __m128 pairs = _mm_add_ps(p.v, odd);      // s0+s1 . s2+s3 .
+    return _mm_cvtss_f32(_mm_add_ss(pairs, _mm_movehl_ps(pairs, pairs)));
+}
+inline float sumHalves(Pack<Sse, float> p)
+{
+    const __m128 halves = _mm_add_ps(p.v, _mm_movehl_ps(p.v, p.v));  // s0+s2 s1+s3 . .
+    return _mm_cvtss_f32(_mm_add_ss(halves, _mm_movehdup_ps(halves)));
+}
+inline float sumPairs(const Pack<Scalar, float>& p) { return (p.v[0] + p.v[1]) + (p.v[2] + p.v[3]); }
+inline float sumHalves(const Pack<Scalar, float>& p) { return (p.v[0] + p.v[2]) + (p.v[1] + p.v[3]); }
+
+// Square root of every lane, rounded in the element type.
+inline Pack<Sse, float> sqrt(Pack<Sse, float> p) { return {_mm_sqrt_ps(p.v)}; }
+inline Pack<Sse, double> sqrt(Pack<Sse, double> p) { return {_mm_sqrt_pd(p.v)}; }
+template <class T>
+inline Pack<Scalar, T> sqrt(const Pack<Scalar, T>& p)
+{
+    Pack<Scalar, T> r;
+    for (int i = 0; i < kLanes<T>; ++i) r.v[i] = std::sqrt(p.v[i]);
+    return r;
+}
+
+// Four rows of four floats turned into four columns: afterwards lane i of
+// r[j] holds what lane j of r[i] held.  Lanes across objects: load one
+// object per pack, transpose, and each pack holds one element of all four.
+inline void transpose4(Pack<Sse, float> (&r)[4]) { _MM_TRANSPOSE4_PS(r[0].v, r[1].v, r[2].v, r[3].v); }
+inline void transpose4(Pack<Scalar, float> (&r)[4])
+{
+    for (int i = 0; i < 4; ++i)
+        for (int j = i + 1; j < 4; ++j) {
+            const float t = r[i].v[j];
+            r[i].v[j] = r[j].v[i];
+            r[j].v[i] = t;
+        }
 }
 
 }  // namespace kel::simd

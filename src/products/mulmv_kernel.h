@@ -22,7 +22,8 @@
 //            object loop, and a single vector's spread elements likewise;
 //   rows     packed, square, array of matrices as stored: straight-line
 //            scalar sums along each row, a single vector held in locals;
-//   lane dot the packed general path of Mul_mva_32f (its own rounding);
+//   lane dot the packed general path of Mul_mva_32f: the frame's lane sum
+//            (its rounding depends on the vector's address);
 //   gathered square sizes 3 to 6 with strides or element tables: each
 //            object read into locals, then straight-line sums;
 //   elements anything else: one element at a time through the views.
@@ -33,10 +34,9 @@
 #include <type_traits>
 #include <utility>
 
-#include <emmintrin.h>
-
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanesum.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 
@@ -49,7 +49,7 @@ struct SumRules {
     bool packedSizes;   // packed kernel (S and L, every Stride2 the element size)
     bool stridedSizes;  // strided kernel (S and L)
     bool tableSizes;    // P kernel
-    bool laneDot;       // packed general path: laneDot() below
+    bool laneDot;       // packed general path: the frame's laneDot()
 };
 
 // The missing addend of a product without a third operand.
@@ -193,37 +193,6 @@ void rowsFixed(int32_t count, const A& a, const X& x, const Y& yv, const D& d)
         }
         std::memcpy(wd[n].row(0), out, sizeof out);
     }
-}
-
-// Lane dot product of a row a and a vector b of K floats.  Two four-lane
-// accumulators take steps of eight elements from the first element of b
-// that lies on a 16-byte boundary; the elements before it are summed into
-// lane 0 first.  The lanes are reduced as (s0 + s1) + (s2 + s3) and the
-// remaining elements added one by one.  A vector that is not on a 4-byte
-// boundary, or too short for one step after the peel, is summed plainly.
-// The rounding therefore depends on where b lies.
-inline float laneDot(const float* a, const float* b, int32_t K)
-{
-    const auto addr = reinterpret_cast<std::uintptr_t>(b);
-    const int32_t peel = addr % 16 == 0 ? 0 : static_cast<int32_t>((16 - addr % 16) / 4);
-    if (addr % 4 != 0 || peel + 8 > K) {
-        float s = 0.0f;
-        for (int32_t k = 0; k < K; ++k) s = s + load<float>(a + k) * load<float>(b + k);
-        return s;
-    }
-    float t = 0.0f;
-    for (int32_t k = 0; k < peel; ++k) t = t + load<float>(a + k) * b[k];
-    __m128 p = _mm_set_ss(t), q = _mm_setzero_ps();
-    const int32_t end = K - (K - peel) % 8;
-    for (int32_t k = peel; k < end; k += 8) {
-        p = _mm_add_ps(p, _mm_mul_ps(_mm_loadu_ps(a + k), _mm_load_ps(b + k)));
-        q = _mm_add_ps(q, _mm_mul_ps(_mm_loadu_ps(a + k + 4), _mm_load_ps(b + k + 4)));
-    }
-    alignas(16) float s[4];
-    _mm_store_ps(s, _mm_add_ps(p, q));
-    float total = (s[0] + s[1]) + (s[2] + s[3]);
-    for (int32_t k = end; k < K; ++k) total = total + load<float>(a + k) * b[k];
-    return total;
 }
 
 template <class A, class X, class Y, class D>
