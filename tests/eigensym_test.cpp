@@ -15,6 +15,7 @@
 
 #include "families.h"
 #include "harness.h"
+#include "lanesum_model.h"
 
 namespace {
 
@@ -34,6 +35,7 @@ struct Rules {
     bool wide;          // 32-bit storage, 64-bit arithmetic
     double eps, epsDet, epsReduce, epsSingular;
     bool skip, reciprocal, afterSort;
+    bool lanes;  // the right application's row sums in lanes, aligned on the row of A
 };
 
 Rules rulesOf(const Case& s)
@@ -51,6 +53,7 @@ Rules rulesOf(const Case& s)
     r.skip = arr;
     r.reciprocal = vec && arr;
     r.afterSort = vec && !arr && !(f32 && m.desc == "S" && !packed);
+    r.lanes = f32 && !vec;
     return r;
 }
 
@@ -60,7 +63,8 @@ Rules rulesOf(const Case& s)
 // the values' run and the vector matrix as they are before the call, left as
 // the call leaves them.  T is the stored type, C the arithmetic.
 template <class T, class C>
-KelStatus model(const Rules& R, int n, std::vector<T> a, std::vector<T>& w, std::vector<T>& v, bool vec)
+KelStatus model(const Rules& R, int n, std::vector<T> a, std::vector<T>& w, std::vector<T>& v, bool vec,
+                uintptr_t work)
 {
     const C eps = C(R.eps), epsR = C(R.epsReduce);
     auto A = [&](int i, int j) -> T& { return a[i * n + j]; };
@@ -124,7 +128,9 @@ KelStatus model(const Rules& R, int n, std::vector<T> a, std::vector<T>& w, std:
         }
         for (int i = k - 1; i < n; ++i) {
             C sum = 0;
-            for (int j = k; j < n; ++j) sum = sum + C(A(i, j)) * C(w[j]);
+            if constexpr (std::is_same<C, float>::value)
+                if (R.lanes) sum = laneSumModel(&w[k], &A(i, k), n - k, work + (i * n + k) * sizeof(T));
+            for (int j = k; j < n && !(R.lanes && std::is_same<C, float>::value); ++j) sum = sum + C(A(i, j)) * C(w[j]);
             for (int j = k; j < n; ++j) A(i, j) = T(C(A(i, j)) - C(w[j]) * (beta * sum));
         }
         if (vec && k == 1) {
@@ -261,7 +267,9 @@ KelStatus modelBlock(const Case& s, Expected& e, int first, int count)
         for (int obj = first; obj < first + count; ++obj) {
             std::vector<T> w = objectOf<T>(s.ops[vg], obj), v = vec ? objectOf<T>(s.ops[2], obj) : std::vector<T>();
             const auto a = objectOf<T>(s.ops[kSrc], obj);
-            const KelStatus st = R.wide ? model<T, double>(R, n, a, w, v, vec) : model<T, T>(R, n, a, w, v, vec);
+            const auto work = reinterpret_cast<uintptr_t>(s.ops[kBuf].args.p);
+            const KelStatus st =
+                R.wide ? model<T, double>(R, n, a, w, v, vec, work) : model<T, T>(R, n, a, w, v, vec, work);
             auto bits = [](T x) {
                 uint64_t b = 0;
                 std::memcpy(&b, &x, sizeof x);
@@ -354,7 +362,8 @@ TEST_P(Sym, MatchesModel)
 }
 
 // Arrays large enough to fork: each thread's block stops at its own first
-// failure; serially the first failure ends the call.
+// failure; serially the first failure ends the call.  Orders up to 8 keep
+// every row sum plain, so where a thread's scratch lies does not matter.
 TEST_P(Sym, TeamsOfEverySize)
 {
     const Member& m = member(GetParam());
@@ -372,5 +381,107 @@ TEST_P(Sym, TeamsOfEverySize)
 
 INSTANTIATE_TEST_SUITE_P(All, Sym, ::testing::ValuesIn(memberNames({"EigenValuesSym", "EigenValuesVectorsSym"})),
                          paramName);
+
+}  // namespace
+
+namespace {
+
+// ---- eigenpairs ----------------------------------------------------------------------------
+
+// Random symmetric matrices through the single and array members of both
+// types: values sorted descending from order 3, A v = lambda v and
+// orthonormal columns to a tolerance of the type.
+TEST(SymProperties, EigenpairsOfRandomMatrices)
+{
+    for (std::string name : {"kelmEigenValuesVectorsSym_m_32f", "kelmEigenValuesVectorsSym_m_64f_P",
+                             "kelmEigenValuesVectorsSym_ma_32f_L", "kelmEigenValuesVectorsSym_ma_64f",
+                             "kelmEigenValuesSym_m_32f", "kelmEigenValuesSym_ma_64f_P"})
+        for (int n = 1; n <= 9; ++n) {
+            const Member& m = member(name);
+            Sizes sizes{{"size", n}};
+            if (m.array) sizes["count"] = 4;
+            Case s = makeCase(m, sizes, Layout{Form::Random}, 300 + n);
+            std::mt19937 rng(n);
+            for (int obj = 0; obj < objectsOf(s); ++obj) setSymmetric(s.ops[kSrc], obj, n, Random, rng);
+            ASSERT_EQ(s.run(), kelStsNoErr) << describe(s);
+            const double tol = (m.elem == 4 ? 2e-5 : 1e-13) * n;
+            const Operand &a = s.ops[kSrc], &w = s.ops[valuesGroup(m)];
+            for (int obj = 0; obj < objectsOf(s); ++obj) {
+                double scale = 1;
+                for (int i = 0; i < n; ++i) scale = std::max(scale, std::fabs(w.get(obj, 0, i)));
+                for (int j = 0; n > 2 && j + 1 < n; ++j) EXPECT_GE(w.get(obj, 0, j), w.get(obj, 0, j + 1)) << name;
+                for (int j = 0; withVectors(m) && j < n; ++j) {
+                    const Operand& v = s.ops[2];
+                    for (int i = 0; i < n; ++i) {
+                        double av = -w.get(obj, 0, j) * v.get(obj, i, j), dot = -(i == j);
+                        for (int k = 0; k < n; ++k)
+                            av += a.get(obj, i, k) * v.get(obj, k, j), dot += v.get(obj, k, i) * v.get(obj, k, j);
+                        EXPECT_NEAR(av, 0.0, tol * scale) << name << " n " << n << " column " << j;
+                        EXPECT_NEAR(dot, 0.0, tol) << name << " n " << n << " columns " << i << ", " << j;
+                    }
+                }
+            }
+        }
+}
+
+// ---- the documented special matrices ----------------------------------------------------------
+
+struct Special {
+    std::string member;
+    int n;
+    std::vector<double> a;  // row-major
+    KelStatus status;
+    std::vector<double> values;  // empty: none written if singular, not looked at otherwise
+};
+
+// Runs one matrix through a packed (or strided) single-object call.
+void runSpecial(const Special& c, Form form)
+{
+    const Member& m = member(c.member);
+    Sizes sizes{{"size", c.n}};
+    if (m.array) sizes["count"] = 1;
+    Case s = makeCase(m, sizes, Layout{form}, 17);
+    for (int k = 0; k < c.n * c.n; ++k) s.ops[kSrc].set(0, k / c.n, k % c.n, c.a[k]);
+    const Operand& w = s.ops[valuesGroup(m)];
+    const auto before = w.arena;
+    ASSERT_EQ(s.run(), c.status) << c.member;
+    if (c.values.empty() && c.status == kelStsSingular) EXPECT_TRUE(w.arena == before) << c.member << ": values written";
+    for (size_t i = 0; i < c.values.size(); ++i) EXPECT_EQ(w.get(0, 0, int(i)), c.values[i]) << c.member << " " << i;
+}
+
+TEST(SymSpecial, DocumentedMatrices)
+{
+    const std::vector<double> diag = {2, 0, 0, 0, 5, 0, 0, 0, 3}, singular = {1, 0, 0, 0, 0, 0, 0, 0, 2},
+                              milli = {0.001, 0, 0, 0, 0.001, 0, 0, 0, 0.001};
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::vector<Special> cases = {
+        // Diagonal: every reduction step passes over, sorted values.
+        {"kelmEigenValuesVectorsSym_m_64f", 3, diag, kelStsNoErr, {5, 3, 2}},
+        {"kelmEigenValuesSym_ma_32f_P", 3, diag, kelStsNoErr, {5, 3, 2}},
+        // Zero of order 2 is singular with nothing written; of order 1 it is fine.
+        {"kelmEigenValuesSym_m_32f", 2, {0, 0, 0, 0}, kelStsSingular, {}},
+        {"kelmEigenValuesVectorsSym_ma_64f_L", 2, {0, 0, 0, 0}, kelStsSingular, {}},
+        {"kelmEigenValuesSym_m_64f", 1, {0}, kelStsNoErr, {0}},
+        // A negative trace of order 2 puts the larger magnitude, the smaller value, first.
+        {"kelmEigenValuesSym_m_64f", 2, {-3, 0, 0, -1}, kelStsNoErr, {-3, -1}},
+        // Singular of order 3: values in iteration order, except single
+        // matrices with vectors, which sort before they report.
+        {"kelmEigenValuesSym_m_64f", 3, singular, kelStsSingular, {1, 0, 2}},
+        {"kelmEigenValuesSym_ma_32f", 3, singular, kelStsSingular, {1, 0, 2}},
+        {"kelmEigenValuesVectorsSym_m_64f", 3, singular, kelStsSingular, {2, 1, 0}},
+        {"kelmEigenValuesVectorsSym_m_32f_P", 3, singular, kelStsSingular, {2, 1, 0}},
+        {"kelmEigenValuesVectorsSym_ma_64f_P", 3, singular, kelStsSingular, {1, 0, 2}},
+        // 0.001 I: the 64-bit vector arrays judge with the 32-bit tolerance.
+        {"kelmEigenValuesVectorsSym_ma_64f", 3, milli, kelStsSingular, {0.001, 0.001, 0.001}},
+        {"kelmEigenValuesVectorsSym_m_64f", 3, milli, kelStsNoErr, {0.001, 0.001, 0.001}},
+        {"kelmEigenValuesSym_ma_64f", 3, milli, kelStsNoErr, {0.001, 0.001, 0.001}},
+        // A NaN never lets a value split off.
+        {"kelmEigenValuesSym_m_64f", 3, {1, 2, 0, 2, nan, 1, 0, 1, 3}, kelStsNoConvergence, {}},
+    };
+    for (auto& c : cases) runSpecial(c, Form::Packed);
+    // The strided kernel of the 32-bit single member with vectors tests before it sorts.
+    runSpecial({"kelmEigenValuesVectorsSym_m_32f", 3, singular, kelStsSingular, {1, 0, 2}}, Form::Strided);
+    runSpecial({"kelmEigenValuesVectorsSym_m_32f", 3, singular, kelStsSingular, {2, 1, 0}}, Form::Packed);
+}
 
 }  // namespace

@@ -21,6 +21,7 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanesum.h"
 #include "frame/view.h"
 
 namespace kel::eigen {
@@ -79,15 +80,19 @@ struct Run {
     T* at(int32_t k) const { return reinterpret_cast<T*>(p + static_cast<int64_t>(k) * sizeof(T)); }
 };
 
-// Sum over k < len of row[k] * v[k]: ascending from zero, or in lanes where
-// the rules ask for it.
+// Sum over k < len of row[k] * v[k]: ascending from zero, or the lane sum
+// aligned on the row of A where the rules ask for it.
 template <class R, class T>
 inline typename R::Work rowDot(const Run<T>& row, const Run<T>& v, int32_t len)
 {
     using C = typename R::Work;
-    C sum = C(0);
-    for (int32_t k = 0; k < len; ++k) sum = sum + C(row[k]) * C(v[k]);
-    return sum;
+    if constexpr (R::laneSums) {
+        return laneDot(v.at(0), row.at(0), len);
+    } else {
+        C sum = C(0);
+        for (int32_t k = 0; k < len; ++k) sum = sum + C(row[k]) * C(v[k]);
+        return sum;
+    }
 }
 
 // The tridiagonal part of A: d(i) = A[i][i], e(i) = A[i+1][i].  Orders known
