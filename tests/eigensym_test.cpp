@@ -233,15 +233,9 @@ KelStatus model(const Rules& R, int n, std::vector<T> a, std::vector<T>& w, std:
     return singular ? kelStsSingular : kelStsNoErr;
 }
 
-template <class F>
-auto byElem(const Member& m, const F& f)
-{
-    return m.elem == 4 ? f(float{}) : f(double{});
-}
-
 // Object `obj` of an operand as stored, bit for bit.
 template <class T>
-std::vector<T> objectOf(const Operand& op, int obj)
+std::vector<T> storedObject(const Operand& op, int obj)
 {
     std::vector<T> a;
     for (int r = 0; r < op.rows; ++r)
@@ -265,8 +259,8 @@ KelStatus modelBlock(const Case& s, Expected& e, int first, int count)
     return byElem(m, [&](auto t) -> KelStatus {
         using T = decltype(t);
         for (int obj = first; obj < first + count; ++obj) {
-            std::vector<T> w = objectOf<T>(s.ops[vg], obj), v = vec ? objectOf<T>(s.ops[2], obj) : std::vector<T>();
-            const auto a = objectOf<T>(s.ops[kSrc], obj);
+            std::vector<T> w = storedObject<T>(s.ops[vg], obj), v = vec ? storedObject<T>(s.ops[2], obj) : std::vector<T>();
+            const auto a = storedObject<T>(s.ops[kSrc], obj);
             const auto work = reinterpret_cast<uintptr_t>(s.ops[kBuf].args.p);
             const KelStatus st =
                 R.wide ? model<T, double>(R, n, a, w, v, vec, work) : model<T, T>(R, n, a, w, v, vec, work);

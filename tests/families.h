@@ -98,6 +98,13 @@ private:
     std::vector<std::pair<int, size_t>> pinned_;
 };
 
+// f(T{}) with T the member's element type.
+template <class F>
+auto byElem(const Member& m, const F& f)
+{
+    return m.elem == 4 ? f(float{}) : f(double{});
+}
+
 // Evaluates a work estimate formula in wrapping 32-bit arithmetic.
 int32_t evalEstimate(const std::string& formula, const Sizes& sizes);
 

@@ -124,13 +124,6 @@ constexpr int kSrc = 0, kPiv = 1, kSrc2 = 2;
 
 int sizeOf(const Case& s) { return s.sizes.at("size"); }
 
-// f(T{}) with T the member's element type.
-template <class F>
-auto byElem(const Member& m, const F& f)
-{
-    return m.elem == 4 ? f(float{}) : f(double{});
-}
-
 // Object `obj` of a matrix or vector operand, row-major.
 template <class T>
 std::vector<T> objectOf(const Operand& op, int obj)
