@@ -454,6 +454,39 @@ static void cameraDemo(void)
     printf("   and back from the screen: (%.4f, %.4f, %.4f) %s\n", back[0], back[1], back[2],
            close ? "(the corner again)" : "(WRONG)");
     if (!close || screen[0] < 320 || screen[1] > 240) failed = 1;
+/* Principal axes: 100 symmetric 3x3 matrices (inertia-like tensors, the
+ * k-th one (k + 1) times [[2,1,0],[1,2,0],[0,0,5]]) in one call give their
+ * eigenvalues, largest first, and an orthonormal eigenvector per column. */
+static void eigenDemo(void)
+{
+    enum { M = 100 };
+    static Kel64f t[M][3][3], vec[M][3][3], val[M][3];
+    Kel64f work[9];
+    const int row = 3 * sizeof(Kel64f), obj = 3 * row;
+    double worst = 0.0, worstValue = 0.0;
+    int k, i, j, l;
+    printf("\n3. Principal axes of %d symmetric 3x3 tensors (EigenValuesVectorsSym)\n", M);
+    for (k = 0; k < M; ++k)
+        for (i = 0; i < 3; ++i)
+            for (j = 0; j < 3; ++j)
+                t[k][i][j] = (k + 1) * (i == j ? (i == 2 ? 5.0 : 2.0) : (i + j == 1 ? 1.0 : 0.0));
+    expect(kelmEigenValuesVectorsSym_ma_64f(&t[0][0][0], obj, row, sizeof(Kel64f), work, &vec[0][0][0], obj, row,
+                                            sizeof(Kel64f), &val[0][0], 3, M),
+           kelStsNoErr, "kelmEigenValuesVectorsSym_ma_64f");
+    for (k = 0; k < M; ++k)
+        for (j = 0; j < 3; ++j) {
+            const double want = (k + 1) * (j == 0 ? 5.0 : j == 1 ? 3.0 : 1.0);
+            if (fabs(val[k][j] - want) > worstValue) worstValue = fabs(val[k][j] - want);
+            for (i = 0; i < 3; ++i) {
+                double r = -val[k][j] * vec[k][i][j];
+                for (l = 0; l < 3; ++l) r += t[k][i][l] * vec[k][l][j];
+                if (fabs(r) > worst) worst = fabs(r);
+            }
+        }
+    printf("   values of tensor 0: %.3f %.3f %.3f (5, 3, 1); largest error of any value %.1e\n", val[0][0],
+           val[0][1], val[0][2], worstValue);
+    printf("   largest |A v - lambda v| over all tensors: %.1e\n", worst);
+    if (worstValue > 1e-12 || worst > 1e-12) failed = 1;
 }
 
 int main(void)
@@ -467,6 +500,7 @@ int main(void)
     invertDemo();
     eigenDemo();
     cameraDemo();
+    eigenDemo();
     printf("\n%s\n", failed ? "Something went wrong." : "All checks passed.");
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

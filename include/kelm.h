@@ -61,6 +61,42 @@ typedef struct {
 /* The version record of this build; static, never freed by the caller. */
 KELM_API const KelLibraryVersion* kelmGetLibVersion(void);
 
+/* ---- EigenValuesSym (eigensym) ---- */
+/* EigenValuesSym: every eigenvalue of a matrix the caller declares */
+/* symmetric, by Householder reduction to tridiagonal form and shifted QL or */
+/* QR steps, sorted descending (size 2: the larger magnitude first). */
+/* pBuffer holds size*size elements of work space.  Returns kelStsSingular */
+/* for a matrix judged singular (its values are still written, unsorted, from */
+/* size 3) and kelStsNoConvergence when 30 steps do not split off a value. */
+KELM_API KelStatus kelmEigenValuesSym_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesSym_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* pBuffer, Kel32f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesSym_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesSym_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* pBuffer, Kel64f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesSym_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesSym_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesSym_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* pBuffer, Kel32f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesSym_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesSym_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesSym_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* pBuffer, Kel64f* dstValues, int size, int count);
+
+/* ---- EigenValuesVectorsSym (eigensymvectors) ---- */
+/* EigenValuesVectorsSym: the eigenvalues as EigenValuesSym computes them and */
+/* an orthogonal matrix whose column j is the eigenvector of value j, built in */
+/* place in the destination matrix.  Returns kelStsSingular for a matrix */
+/* judged singular (the single-matrix members still deliver a complete, */
+/* sorted result) and kelStsNoConvergence when 30 steps do not split off a */
+/* value. */
+KELM_API KelStatus kelmEigenValuesVectorsSym_m_32f(const Kel32f* src, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dstVectors, int dstStride1, int dstStride2, Kel32f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesVectorsSym_m_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, Kel32f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesVectorsSym_m_64f(const Kel64f* src, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dstVectors, int dstStride1, int dstStride2, Kel64f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesVectorsSym_m_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, Kel64f* dstValues, int size);
+KELM_API KelStatus kelmEigenValuesVectorsSym_ma_32f(const Kel32f* src, int srcStride0, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* dstVectors, int dstStride0, int dstStride1, int dstStride2, Kel32f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesVectorsSym_ma_32f_L(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, Kel32f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesVectorsSym_ma_32f_P(const Kel32f* const* ppSrc, int srcRoiShift, int srcStride0, Kel32f* pBuffer, Kel32f* const* ppDst, int dstRoiShift, int dstStride0, Kel32f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesVectorsSym_ma_64f(const Kel64f* src, int srcStride0, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* dstVectors, int dstStride0, int dstStride1, int dstStride2, Kel64f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesVectorsSym_ma_64f_L(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride1, int srcStride2, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride1, int dstStride2, Kel64f* dstValues, int size, int count);
+KELM_API KelStatus kelmEigenValuesVectorsSym_ma_64f_P(const Kel64f* const* ppSrc, int srcRoiShift, int srcStride0, Kel64f* pBuffer, Kel64f* const* ppDst, int dstRoiShift, int dstStride0, Kel64f* dstValues, int size, int count);
+
 /* ---- EigenValues (eigenvalues) ---- */
 /* EigenValues: all eigenvalues of a general real square matrix, real parts */
 /* in dstValuesRe and imaginary parts in dstValuesIm (size entries per */

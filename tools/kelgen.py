@@ -399,7 +399,7 @@ def cmd_registry(fams, out):
         descs = iter(m.group_descs())
         for g in m.groups:
             d = "-" if g[0] == "size" else next(descs)
-            gs.append(f'{{"{g[0]}", "{g[1]}", \'{d}\'}}')
+            gs.append(f'{{"{g[0]}", "{g[1].split("=")[0]}", \'{d}\'}}')
         groups.append(f"const kt::RawGroup groups{k}[] = {{{', '.join(gs)}}};")
         lim = m.limits()
         lp, ls = (lim if lim else ("0", "0"))
