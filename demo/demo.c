@@ -7,15 +7,21 @@
  *    right-hand side for each, in float and in double, through S, L and P;
  *    check the residuals; watch a singular matrix being reported; time it
  *    against a plain C solver.
- * 3. Least squares: fit a parabola to each of 1000 sets of six noisy
- *    points, once with QR on the 6x3 system and once with Cholesky on the
- *    normal equations, and compare the two fits.
  * 3. Vectors and reductions: cross products of 1000 pairs of 3-vectors,
  *    their dot products with the inputs (zero up to rounding), their
  *    lengths, and the trace and Frobenius norm of an identity matrix.
- * 3. Invert the same matrices and take their determinants: the product of
+ * 4. Invert the same matrices and take their determinants: the product of
  *    a matrix and its inverse is the identity, and the determinant of the
  *    inverse is the reciprocal of the matrix's.
+ * 5. Least squares: fit a parabola to each of 1000 sets of six noisy
+ *    points, once with QR on the 6x3 system and once with Cholesky on the
+ *    normal equations, and compare the two fits.
+ * 6. Principal axes of 100 symmetric tensors: eigenvalues largest first and
+ *    orthonormal eigenvectors, checked by A v = lambda v.
+ * 7. Eigenvalues and left eigenvectors of a general 3x3 (a companion
+ *    matrix), with the scratch size asked of the library first.
+ * 8. A camera: view and projection matrices, a cube corner projected to the
+ *    screen and unprojected back.
  *
  * Every kelm function returns a status: kelStsNoErr (0) or a negative code.
  * Strides and shifts are counted in bytes. */
@@ -290,7 +296,7 @@ static void solveDemo(void)
     printf("     plain C float %4.1f ns\n", 1e9 * tPlain / (reps * COUNT));
 }
 
-/* ---- 3. Least squares with QR and with Cholesky ------------------------------ */
+/* ---- 5. Least squares with QR and with Cholesky ------------------------------ */
 
 enum { PTS = 6, DEG = 3 };
 
@@ -336,11 +342,13 @@ static void fitDemo(void)
             if (fabs(cq[k][i] - (i == 0 ? 1 : i == 1 ? -2 : 0.5)) > far)
                 far = fabs(cq[k][i] - (i == 0 ? 1 : i == 1 ? -2 : 0.5));
         }
-    printf("\n3. Fitting y = c0 + c1 t + c2 t^2 to %d sets of %d points\n", COUNT, PTS);
+    printf("\n5. Fitting y = c0 + c1 t + c2 t^2 to %d sets of %d points\n", COUNT, PTS);
     printf("   first set: c = %.4f %.4f %.4f (true 1, -2, 0.5)\n", cq[0][0], cq[0][1], cq[0][2]);
     printf("   QR and Cholesky on the normal equations agree within %.1e; farthest from the truth %.1e\n", worst,
            far);
     if (worst > 1e-9 || far > 0.1) failed = 1;
+}
+
 /* ---- 3. Vectors and reductions ------------------------------------------- */
 
 static void vectorDemo(void)
@@ -377,7 +385,9 @@ static void vectorDemo(void)
     expect(kelmFrobNorm_m_32f(&eye[0][0], N * e, e, N, N, &frob), kelStsNoErr, "kelmFrobNorm_m_32f");
     printf("   identity %dx%d: trace %g, Frobenius norm %g\n", N, N, trace, frob);
     if (trace != 4.0f || frob != 2.0f) failed = 1;
-/* ---- 3. Inverses and determinants ------------------------------------------ */
+}
+
+/* ---- 4. Inverses and determinants ------------------------------------------ */
 
 static Kel64f inv64[COUNT * N * N], det64[COUNT], detInv64[COUNT];
 
@@ -388,7 +398,7 @@ static void invertDemo(void)
     double worst = 0.0, worstDet = 0.0;
     int k, i, j, c;
 
-    printf("\n3. Inverting the %d matrices and taking determinants\n", COUNT);
+    printf("\n4. Inverting the %d matrices and taking determinants\n", COUNT);
     expect(kelmInvert_ma_64f(a64, obj, row, e, scratch, inv64, obj, row, e, N, COUNT), kelStsNoErr,
            "kelmInvert_ma_64f");
     expect(kelmDet_ma_64f(a64, obj, row, e, N, scratch, det64, COUNT), kelStsNoErr, "kelmDet_ma_64f");
@@ -406,7 +416,9 @@ static void invertDemo(void)
     }
     printf("   largest |A inv(A) - I|: %.1e; largest |det(A) det(inv(A)) - 1|: %.1e\n", worst, worstDet);
     if (worst > 1e-8 || worstDet > 1e-8) failed = 1;
-/* ---- 3. Eigenvalues and eigenvectors of a general matrix ------------------ */
+}
+
+/* ---- 7. Eigenvalues and eigenvectors of a general matrix ------------------ */
 
 static void eigenDemo(void)
 {
@@ -418,7 +430,7 @@ static void eigenDemo(void)
     double worst = 0;
 
     expect(kelmEigenValuesVectorsGetBufSize_64f(3, &bytes), kelStsNoErr, "kelmEigenValuesVectorsGetBufSize_64f");
-    printf("\n3. Eigenvalues and vectors of a 3 x 3 companion matrix (scratch: %d bytes)\n", bytes);
+    printf("\n7. Eigenvalues and vectors of a 3 x 3 companion matrix (scratch: %d bytes)\n", bytes);
     if (bytes > (int)sizeof buf) failed = 1;
     expect(kelmEigenValuesVectorsLeft_m_64f(&a[0][0], 24, 8, &v[0][0], 24, 8, re, im, 3, buf), kelStsNoErr,
            "kelmEigenValuesVectorsLeft_m_64f");
@@ -433,7 +445,9 @@ static void eigenDemo(void)
             }
     printf("   largest residual of a v = lambda v for the real eigenvalue: %.1e\n", worst);
     if (worst > 1e-12) failed = 1;
-/* ---- 3. A camera: view, projection, points to the screen and back -------- */
+}
+
+/* ---- 8. A camera: view, projection, points to the screen and back -------- */
 
 static void cameraDemo(void)
 {
@@ -442,7 +456,7 @@ static void cameraDemo(void)
     const Kel32f corner[3] = {1, 1, 1};
     int i, close = 1;
 
-    printf("\n3. A camera looking at a unit cube\n");
+    printf("\n8. A camera looking at a unit cube\n");
     /* Row vectors: world, then view, then projection. */
     kelmIdentity_m4_32f(world);
     kelmLookAtLH_m4_32f(eye, at, up, view);
@@ -454,10 +468,14 @@ static void cameraDemo(void)
     printf("   and back from the screen: (%.4f, %.4f, %.4f) %s\n", back[0], back[1], back[2],
            close ? "(the corner again)" : "(WRONG)");
     if (!close || screen[0] < 320 || screen[1] > 240) failed = 1;
+}
+
+/* ---- 6. Principal axes of symmetric tensors ----------------------------- */
+
 /* Principal axes: 100 symmetric 3x3 matrices (inertia-like tensors, the
  * k-th one (k + 1) times [[2,1,0],[1,2,0],[0,0,5]]) in one call give their
  * eigenvalues, largest first, and an orthonormal eigenvector per column. */
-static void eigenDemo(void)
+static void tensorDemo(void)
 {
     enum { M = 100 };
     static Kel64f t[M][3][3], vec[M][3][3], val[M][3];
@@ -465,7 +483,7 @@ static void eigenDemo(void)
     const int row = 3 * sizeof(Kel64f), obj = 3 * row;
     double worst = 0.0, worstValue = 0.0;
     int k, i, j, l;
-    printf("\n3. Principal axes of %d symmetric 3x3 tensors (EigenValuesVectorsSym)\n", M);
+    printf("\n6. Principal axes of %d symmetric 3x3 tensors (EigenValuesVectorsSym)\n", M);
     for (k = 0; k < M; ++k)
         for (i = 0; i < 3; ++i)
             for (j = 0; j < 3; ++j)
@@ -495,12 +513,12 @@ int main(void)
     printf("%s, version %s\n\n", v->name, v->version);
     addDemo();
     solveDemo();
-    fitDemo();
     vectorDemo();
     invertDemo();
+    fitDemo();
+    tensorDemo();
     eigenDemo();
     cameraDemo();
-    eigenDemo();
     printf("\n%s\n", failed ? "Something went wrong." : "All checks passed.");
     return failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-}
-
 #include <cstring>
 #include <random>
 #include <vector>
