@@ -234,10 +234,13 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
     bool packed = lay.form == Form::Packed;
     if (lay.form == Form::Random) packed = std::uniform_int_distribution<int>(0, 2)(rng) != 0;
     // Start at a 4-byte boundary that is often not 16-byte aligned.
-    const int64_t start = kSlack + 4 * std::uniform_int_distribution<int>(0, 3)(rng);
+    int64_t start = kSlack + 4 * std::uniform_int_distribution<int>(0, 3)(rng);
     const char d = g.desc;
 
     if (g.kind == "out" || g.kind == "buf" || g.kind == "piv" || g.kind == "cpiv") {
+        // Plain results and the caller's scratch are arrays of their element
+        // type, so aligned to it.
+        start = (start + e - 1) / e * e;
         int64_t k = 0;
         for (auto& o : op.offsets) o = start + e * k++;
         fillArena(op, start + e * k, rng);
@@ -501,8 +504,8 @@ std::string compareAfterBits(const Case& s, const std::vector<std::vector<unsign
     }
     const int d = dstGroup(*s.m);
     const int home = s.inPlaceOf >= 0 ? s.inPlaceOf : d;
-    const Operand& dst = s.ops[d];
     for (size_t k = 0; k < expected.size(); ++k) {
+        const Operand& dst = s.ops[d];
         uint64_t b = expected[k];
         std::memcpy(want[home].data() + dst.offsets[k], &b, dst.elem);
     }

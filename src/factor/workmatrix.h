@@ -22,7 +22,7 @@ struct WorkMatrix {
     char* base;
     int32_t n;
 
-    static std::size_t bytes(int32_t n) { return static_cast<std::size_t>(n) * (n + 1) * sizeof(T); }
+    static std::size_t bytes(int32_t n) { return static_cast<std::size_t>(n) * (static_cast<std::size_t>(n) + 1) * sizeof(T); }
 
     char* elem(int32_t r, int32_t c) const { return base + (static_cast<int64_t>(r) * n + c) * sizeof(T); }
     char* entry(int32_t i) const { return base + static_cast<int64_t>(n) * n * sizeof(T) + 4 * int64_t(i); }
