@@ -656,7 +656,7 @@ TEST(Transform3DH, DenseRunsAsSpreadOut)
 {
     std::mt19937 rng(5);
     const int count = 203;
-    float m[16], src[4 * count], dense[3 * count], spread[4 * count];
+    float m[16], src[4 * count], dense[3 * count];
     for (auto& v : m) v = sample(rng, 0);
     for (auto& v : src) v = sample(rng, 0.02);
     // w = x, and x = 0 in a few vectors.
