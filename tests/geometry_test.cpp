@@ -673,4 +673,188 @@ TEST(Transform3DH, DenseRunsAsSpreadOut)
     });
 }
 
+
+// ---- angles, identities and the properties that tie the builders together ----------
+
+M kId = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+// The weak identity test: m00 == 1, then any column equal to the identity's
+// column in its place.
+int isIdentityModel(In m)
+{
+    if (!(m[0] == 1.0f)) return 0;
+    for (int c = 0; c < 4; ++c) {
+        bool col = true;
+        for (int r = 0; r < 4; ++r) col = col && at(m, r, c) == (r == c ? 1.0f : 0.0f);
+        if (col) return 1;
+    }
+    return 0;
+}
+
+// Identity matrices with a few elements changed (often to a special value)
+// against the model; the documented cases by name.
+TEST(IsIdentity, WeakColumnTest)
+{
+    std::mt19937 rng(3);
+    for (int round = 0; round < 4000; ++round) {
+        M m;
+        std::memcpy(m, kId, sizeof m);
+        const int changes = round % 5;
+        for (int k = 0; k < changes; ++k) m[rng() % 16] = sample(rng, 0.7);
+        int got = -1;
+        ASSERT_EQ(kelmIsIdentity_m4_32f(m, &got), kelStsNoErr);
+        ASSERT_EQ(got, isIdentityModel(m)) << "round " << round;
+    }
+    M m;
+    std::memcpy(m, kId, sizeof m);
+    int got = -1;
+    m[9] = 1e-30f;  // m[2][1]: columns 0, 2 and 3 still hold
+    kelmIsIdentity_m4_32f(m, &got);
+    EXPECT_EQ(got, 1);
+    const M none = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+    kelmIsIdentity_m4_32f(none, &got);
+    EXPECT_EQ(got, 0);
+    m[9] = -0.0f;  // exact compare: -0 is 0
+    kelmIsIdentity_m4_32f(m, &got);
+    EXPECT_EQ(got, 1);
+}
+
+using Rot = KelStatus (*)(F, F*);
+const Rot kRotations[3] = {kelmRotationX_m4_32f, kelmRotationY_m4_32f, kelmRotationZ_m4_32f};
+
+// Quarter turns carry sinf/cosf's bits (float(pi/2) has s = 1 and
+// c = -4.371139e-08), so they are permutations of the axes up to 1e-7; an
+// angle of 0 gives the identity bit for bit and -0 keeps its sign in s.
+TEST(Rotation, QuarterTurnsAndZero)
+{
+    const F q = static_cast<F>(M_PI / 2);
+    EXPECT_EQ(sinf(q), 1.0f);
+    EXPECT_EQ(cosf(q), -4.371139e-08f);
+    for (int axis = 0; axis < 3; ++axis) {
+        M r;
+        kRotations[axis](0.0f, r);
+        EXPECT_EQ(std::memcmp(r, kId, sizeof r), 0) << "axis " << axis;
+        for (int turns = 1; turns < 4; ++turns) {
+            kRotations[axis](q * turns, r);
+            for (float v : r) ASSERT_LT(std::fabs(v - std::nearbyint(v)), 1e-6f) << "axis " << axis << " turns " << turns;
+        }
+        kRotations[axis](q, r);
+        const int s = axis == 0 ? 6 : axis == 1 ? 8 : 1;  // where +s lands
+        EXPECT_EQ(r[s], 1.0f);
+        EXPECT_NEAR(r[5 * ((axis + 1) % 3)], 0.0f, 1e-7f);
+    }
+    M r;
+    kelmRotationX_m4_32f(-0.0f, r);
+    EXPECT_TRUE(std::signbit(r[6])) << "m12 is sin(-0)";
+}
+
+// Orthonormal rotations with determinant 1; axis rotations about e_k are
+// RotationX/Y/Z; yaw alone is RotationY up to zero signs; yaw, pitch, roll
+// is Z(roll) * X(pitch) * Y(yaw) for row vectors.
+TEST(Rotation, AgreeWithEachOther)
+{
+    std::mt19937 rng(11);
+    for (int round = 0; round < 200; ++round) {
+        const F y = sample(rng, 0), p = sample(rng, 0), r = sample(rng, 0);
+        M ypr, rx, ry, rz, t, want, tt;
+        kelmRotationYawPitchRoll_m4_32f(y, p, r, ypr);
+        kelmRotationX_m4_32f(p, rx);
+        kelmRotationY_m4_32f(y, ry);
+        kelmRotationZ_m4_32f(r, rz);
+        kelmMul_mm4x4_32f(rz, rx, t);
+        kelmMul_mm4x4_32f(t, ry, want);
+        expectNear(ypr, want, 16, 1e-6f, "YPR against Z*X*Y");
+        kelmTranspose_m4_32f(ypr, tt);
+        kelmMul_mm4x4_32f(ypr, tt, t);
+        expectNear(t, kId, 16, 1e-6f, "M * M^T");
+        F det;
+        kelmDet_m4_32f(ypr, &det);
+        ASSERT_NEAR(det, 1.0f, 1e-6f);
+        kelmRotationYawPitchRoll_m4_32f(y, 0, 0, t);
+        for (int i = 0; i < 16; ++i) ASSERT_EQ(t[i], ry[i]) << "yaw alone, element " << i;
+        for (int axis = 0; axis < 3; ++axis) {
+            const F e[3] = {F(axis == 0), F(axis == 1), F(axis == 2)};
+            M a, b;
+            kelmRotationAxis_v3m4_32f(e, y, a);
+            kRotations[axis](y, b);
+            expectNear(a, b, 16, 1e-6f, "RotationAxis(e_k)");
+        }
+    }
+}
+
+// Lengths, normalisation and interpolation at their ends.
+TEST(Vectors, LengthsAndInterpolationEnds)
+{
+    std::mt19937 rng(12);
+    for (int round = 0; round < 500; ++round) {
+        F v[4], w[4], t0[4], t1[4], d[4], len, sq;
+        for (int i = 0; i < 4; ++i) v[i] = sample(rng, 0), w[i] = sample(rng, 0), t0[i] = sample(rng, 0), t1[i] = sample(rng, 0);
+        kelmLen_v3_32f(v, &len);
+        kelmLenSqr_v3_32f(v, &sq);
+        ASSERT_EQ(len, sqrtf(sq));
+        kelmHermite_v4_32f(v, t0, w, t1, 0.0f, d);
+        for (int i = 0; i < 4; ++i) ASSERT_EQ(d[i], v[i]) << "Hermite at 0";
+        kelmHermite_v4_32f(v, t0, w, t1, 1.0f, d);
+        expectNear(d, w, 4, 1e-5f, "Hermite at 1");
+        kelmInterpolationCatmullRom_v3_32f(t0, v, w, t1, 0.0f, d);
+        for (int i = 0; i < 3; ++i) ASSERT_EQ(d[i], v[i]) << "Catmull-Rom at 0";
+    }
+    const F v[4] = {1, 0x1p-12f, 0x1p-12f, 0x1p-12f};
+    F n[4], len;
+    kelmNormalize_v4_32f(v, n);
+    kelmLen_v4_32f(v, &len);
+    EXPECT_EQ(n[0], 0.99999988f);
+    EXPECT_EQ(len, 1.0f);
+}
+
+// The view matrix takes the eye to the origin; the projections take the
+// frustum's corners to the corners of [-1,1] x [-1,1] x [0,1].
+TEST(Builders, EyeToOriginAndFrustumToCube)
+{
+    const F eye[3] = {3, -2, 7}, at[3] = {-1, 0.5f, 2}, up[3] = {0, 1, 0};
+    M view, proj;
+    F o[3];
+    for (auto lookAt : {kelmLookAtLH_m4_32f, kelmLookAtRH_m4_32f}) {
+        lookAt(eye, at, up, view);
+        kelmAffineTransformCoord_m4v3_32f(view, eye, o);
+        for (F v : o) ASSERT_NEAR(v, 0.0f, 1e-5f);
+    }
+    const F fov = 1.1f, aspect = 1.6f, zn = 0.5f, zf = 40.0f, th = tanf(fov / 2);
+    kelmPerspectiveFovLH_m4_32f(fov, aspect, zn, zf, proj);
+    for (int corner = 0; corner < 8; ++corner) {
+        const F z = corner & 4 ? zf : zn, sx = corner & 1 ? 1.0f : -1.0f, sy = corner & 2 ? 1.0f : -1.0f;
+        const F p[3] = {sx * z * th * aspect, sy * z * th, z}, want[3] = {sx, sy, corner & 4 ? 1.0f : 0.0f};
+        kelmAffineTransformCoord_m4v3_32f(proj, p, o);
+        expectNear(o, want, 3, 1e-5f, "frustum corner");
+    }
+}
+
+// Mul tests its pointers; Mul and Transpose load everything before they
+// store, so a destination that is a source gives the same bits.
+TEST(Matrix4, NullPointersAndAliasing)
+{
+    std::mt19937 rng(13);
+    M a, b, c;
+    for (int i = 0; i < 16; ++i) a[i] = sample(rng, 0.1), b[i] = sample(rng, 0.1);
+    EXPECT_EQ(kelmMul_mm4x4_32f(nullptr, b, c), kelStsNullPointer);
+    EXPECT_EQ(kelmMul_mm4x4_32f(a, nullptr, c), kelStsNullPointer);
+    EXPECT_EQ(kelmMul_mm4x4_32f(a, b, nullptr), kelStsNullPointer);
+    M want, x;
+    kelmMul_mm4x4_32f(a, b, want);
+    std::memcpy(x, a, sizeof x);
+    kelmMul_mm4x4_32f(x, b, x);
+    for (int i = 0; i < 16; ++i) ASSERT_TRUE(same(x[i], want[i])) << "dst = src1, " << i;
+    std::memcpy(x, b, sizeof x);
+    kelmMul_mm4x4_32f(a, x, x);
+    for (int i = 0; i < 16; ++i) ASSERT_TRUE(same(x[i], want[i])) << "dst = src2, " << i;
+    kelmMulTranspose_m4_32f(a, b, want);
+    std::memcpy(x, a, sizeof x);
+    kelmMulTranspose_m4_32f(x, b, x);
+    for (int i = 0; i < 16; ++i) ASSERT_TRUE(same(x[i], want[i])) << "MulTranspose dst = src1, " << i;
+    kelmTranspose_m4_32f(a, want);
+    std::memcpy(x, a, sizeof x);
+    kelmTranspose_m4_32f(x, x);
+    for (int i = 0; i < 16; ++i) ASSERT_TRUE(same(x[i], want[i])) << "Transpose in place, " << i;
+}
+
 }  // namespace
