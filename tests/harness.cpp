@@ -232,7 +232,7 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
     const bool vec = g.kind == "v" || g.kind == "va" || g.kind == "ca";
     const bool array = g.kind.size() == 2 && g.kind[1] == 'a';
     bool packed = lay.form == Form::Packed;
-    if (lay.form == Form::Random) packed = std::uniform_int_distribution<int>(0, 2)(rng) != 0;
+    if (lay.form == Form::Random || lay.form == Form::Planes) packed = std::uniform_int_distribution<int>(0, 2)(rng) != 0;
     // Start at a 4-byte boundary that is often not 16-byte aligned.
     int64_t start = kSlack + 4 * std::uniform_int_distribution<int>(0, 3)(rng);
     const char d = g.desc;
@@ -250,7 +250,7 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
 
     if (g.kind == "ca" && d != 'L') {
         // A row of constants, Stride0 apart.
-        const int64_t s0 = e * (1 + gap(rng, false));
+        const int64_t s0 = lay.form == Form::Planes ? e : e * (1 + gap(rng, false));
         for (int n = 0; n < N; ++n) op.offsets[op.index(n, 0, 0)] = start + n * s0;
         fillArena(op, start + s0 * (N - 1) + e, rng);
         op.args.p = op.arena.data() + start;
@@ -264,10 +264,12 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
         if (!packed && std::uniform_int_distribution<int>(0, 2)(rng) == 0) std::shuffle(order, order + 3, rng);
         const int ext[3] = {N, R, C};
         std::vector<int> extents = {ext[order[0]], ext[order[1]], ext[order[2]]};
+        if (lay.form == Form::Planes && array) order[0] = 0, order[1] = 2, order[2] = 1;  // n, c, r
         auto st = nestedStrides(extents, e, rng, packed && order[0] == 2, lay.form == Form::Strided && order[0] == 2);
+        if (lay.form == Form::Planes && array) st = {e, int64_t(e) * N, int64_t(e) * N * C};
         int64_t stride[3];
         for (int k = 0; k < 3; ++k) stride[order[k]] = st[k];
-        if (packed) stride[2] = e;
+        if (packed && !(lay.form == Form::Planes && array)) stride[2] = e;
         if (vec) stride[1] = 0;
         int64_t last = 0;
         for (int n = 0; n < N; ++n)
@@ -331,15 +333,16 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
         std::vector<int64_t> slot(P);
         int64_t s0;
         int64_t last;
-        if (std::uniform_int_distribution<int>(0, 1)(rng)) {
+        if (lay.form != Form::Planes && std::uniform_int_distribution<int>(0, 1)(rng)) {
             // Blocks: object n is a block of shuffled slots.
             s0 = int64_t(e) * P + e * gap(rng, false);
             for (int p = 0; p < P; ++p) slot[p] = start + roi + int64_t(e) * perm[p];
             last = start + roi + s0 * N + e;
         } else {
             // Planes: each position is a run of objects.
-            s0 = e * (1 + gap(rng, false));
-            int64_t plane = s0 * N + e * gap(rng, false);
+            const bool tight = lay.form == Form::Planes;
+            s0 = tight ? e : e * (1 + gap(rng, false));
+            int64_t plane = s0 * N + (tight ? 0 : e * gap(rng, false));
             for (int p = 0; p < P; ++p) slot[p] = start + roi + plane * perm[p];
             last = start + roi + plane * P + e;
         }

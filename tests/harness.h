@@ -106,7 +106,10 @@ void resetCacheQueries();
 
 // ---- layouts and operands -------------------------------------------------------
 
-enum class Form { Random, Packed, Strided };
+// Planes: the objects of every S and P array one element apart (element
+// (j, i) of consecutive objects side by side), rows and positions without
+// gaps; L arrays and single objects as Random.
+enum class Form { Random, Packed, Strided, Planes };
 
 struct Layout {
     Form form = Form::Random;

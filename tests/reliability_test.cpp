@@ -54,16 +54,16 @@ std::vector<Sizes> ladder(const Member& m, int count)
     return out;
 }
 
-// Cases of the ladder, in every form, with the family's data and with raw
+// Cases of the ladder, in the forms given, with the family's data and with raw
 // random data (which makes the numerical failures of the families that
 // have them: singular, not positive definite, no convergence).
 template <class F>
-void forEachCase(const Member& m, F&& f)
+void forEachCase(const Member& m, F&& f, const std::vector<Form>& forms = {Form::Packed, Form::Random, Form::Strided})
 {
     uint32_t seed = 1;
     for (int count : countsOf(m, {1, 3}))
         for (const Sizes& sizes : ladder(m, count))
-            for (Form form : {Form::Packed, Form::Random, Form::Strided}) {
+            for (Form form : forms) {
                 f(makeCase(m, sizes, Layout{form}, seed));
                 f(makeSetup(m, sizes, family(m).shape, Layout{form}, seed + 1));
                 seed += 2;
@@ -74,10 +74,11 @@ void forEachCase(const Member& m, F&& f)
 
 class Reliability : public ::testing::TestWithParam<std::string> {};
 
-// With every operand's last named element right before a page that may not
-// be touched, or its first right after one, a call returns what it returns
-// at the same addresses with that page open, leaves the same bytes, and
-// writes nothing but elements of the groups it may write.
+// In every form (objects side by side too), with every operand's last named
+// element right before a page that may not be touched, or its first right
+// after one, a call returns what it returns at the same addresses with that
+// page open, leaves the same bytes, and writes nothing but elements of the
+// groups it may write.
 TEST_P(Reliability, GuardPagesAroundEveryOperand)
 {
     const Member& m = member(GetParam());
@@ -94,7 +95,7 @@ TEST_P(Reliability, GuardPagesAroundEveryOperand)
                                                         : compareOutsideWritten(shut, before);
             ASSERT_TRUE(diff.empty()) << diff;
         }
-    });
+    }, {Form::Packed, Form::Random, Form::Strided, Form::Planes});
 }
 
 // ---- frozen results --------------------------------------------------------------
@@ -158,6 +159,32 @@ TEST_P(Reliability, FrozenResultsAtEveryThreadCount)
         if (threads == 7) threads = 8;
         forceThreads(threads);
         EXPECT_EQ(digest(m), it->second) << m.name << " at " << threads << " threads";
+    });
+}
+
+// ---- objects side by side -------------------------------------------------------
+
+// With the objects of every S and P array one element apart (interleaved S,
+// P over planes), a member whose family has a model gives the model's bits
+// at counts that leave every remainder of four and of two objects, and at
+// 1001; at every team size; and in place for the element-wise families,
+// whose results are defined in place (dst equal to a source, same layout).
+TEST_P(Reliability, ObjectsSideBySideGiveTheModelsBits)
+{
+    const Member& m = member(GetParam());
+    const auto& model = family(m).model;
+    if (!model || !m.array) GTEST_SKIP() << "no model of its own, or single objects";
+    const bool inPlaceDefined = m.family == "Add" || m.family == "Sub";
+    uint32_t seed = 40;
+    forEachTeamSize([&](int) {
+        for (int count : {1, 2, 3, 4, 5, 6, 7, 8, 9, 1001})
+            for (int pass = 0; pass < (inPlaceDefined ? 2 : 1); ++pass) {
+                const bool inPlace = pass == 1;
+                Case s = makeCase(m, validSizes(m, count), Layout{Form::Planes}, seed++, inPlace);
+                if (inPlace && s.inPlaceOf < 0) continue;
+                expectResult(s, model(s));
+                if (::testing::Test::HasFatalFailure()) return;
+            }
     });
 }
 

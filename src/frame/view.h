@@ -200,6 +200,7 @@ struct Const {
 template <class T, Desc D>
 struct ConstArr {
     using Elem = std::remove_const_t<T>;
+    static constexpr Desc desc = D;
     static constexpr Kind kind = Kind::Constant;
     static constexpr bool written = false;
     static constexpr bool array = true;
@@ -272,6 +273,82 @@ struct Dense {
         return v;
     }
 };
+
+// ---- objects side by side ----------------------------------------------------------
+// An array operand whose objects lie one element apart (S with Stride0 the
+// element size, or P over planes) holds element (j, i) of consecutive
+// objects side by side, so a kernel may run several objects at once, one
+// per lane.  Single objects and constants qualify: they are the same for
+// every lane.  L arrays never do (their objects lie anywhere).
+template <class V>
+bool sideBySide(const V& v)
+{
+    if constexpr (!V::array) return true;
+    else if constexpr (V::kind == Kind::Buffer) return v.per == 1;
+    else if constexpr (V::desc == Desc::L) return false;
+    else return v.s0 == kElem<typename V::Elem>;
+}
+
+// The bytes from the lowest to the highest element of objects 0..count-1
+// (w x h logical elements each) of an S or P operand, a single object, or
+// an S or P array of constants.  Strides are positive, so object 0 holds
+// the lowest address of each position and object count-1 the highest.
+struct Span {
+    const char* lo = nullptr;
+    const char* hi = nullptr;
+    bool meets(const Span& o) const { return lo < o.hi && o.lo < hi; }
+};
+template <class V>
+Span spanOf(const V& v, int32_t count, int32_t w, int32_t h)
+{
+    Span s;
+    if constexpr (V::kind == Kind::Constant && !V::array) {
+        (void)v, (void)count, (void)w, (void)h;  // passed by value
+    } else if constexpr (V::kind == Kind::Constant) {
+        static_assert(V::desc != Desc::L, "L arrays have no span of their own");
+        (void)w, (void)h;
+        s.lo = reinterpret_cast<const char*>(v.at(0));
+        s.hi = reinterpret_cast<const char*>(v.at(count - 1)) + kElem<typename V::Elem>;
+    } else {
+        static_assert(!(V::desc == Desc::L && V::array), "L arrays have no span of their own");
+        for (int32_t j = 0; j < h; ++j)
+            for (int32_t i = 0; i < w; ++i) {
+                const char* lo = reinterpret_cast<const char*>(v.at(0, j, i));
+                const char* hi = reinterpret_cast<const char*>(v.at(count - 1, j, i)) + kElem<typename V::Elem>;
+                if (!s.lo || lo < s.lo) s.lo = lo;
+                if (!s.hi || hi > s.hi) s.hi = hi;
+            }
+    }
+    return s;
+}
+
+// Source and destination are one operand in one description: the exact
+// in-place use that every kernel supports.
+template <class A, class D>
+bool samePlace(const A& a, const D& d)
+{
+    if constexpr (A::kind == Kind::Constant || A::kind == Kind::Buffer || A::kind != D::kind) {
+        (void)a, (void)d;
+        return false;
+    } else if constexpr (A::desc != D::desc || A::trans != D::trans || A::array != D::array) {
+        (void)a, (void)d;
+        return false;
+    } else {
+        return static_cast<const void*>(a.base) == static_cast<const void*>(d.base) &&
+               static_cast<const void*>(a.table) == static_cast<const void*>(d.table) && a.roi == d.roi &&
+               a.s0 == d.s0 && a.s1 == d.s1 && a.s2 == d.s2;
+    }
+}
+
+// Does the destination share memory with a source other than in place?
+// Kernels that reorder work across objects take their object-by-object
+// form then, whose result such overlaps define.
+template <class D, class... V>
+bool overlapsSources(const D& d, int32_t count, int32_t w, int32_t h, const V&... src)
+{
+    const Span out = spanOf(d, count, w, h);
+    return ((!samePlace(src, d) && spanOf(src, count, w, h).meets(out)) || ...);
+}
 
 // Factories used by the generated exports.  Argument order follows the
 // argument groups of the exported names.

@@ -1,0 +1,87 @@
+// Lanes across objects: kernels for operands whose objects lie side by side
+// (see sideBySide in view.h).  Element (j, i) of objects n, n+1, ... is one
+// run of memory, so a pack holds that element of kLanes objects, and a
+// kernel written for one object's element runs that many objects at once,
+// each lane doing exactly its object's arithmetic in its object's order.
+//
+// A LaneOperand resolves every position of an object once per call: the
+// start of its run (arrays), or its value spread over the lanes (a single
+// object or a constant, the same for every lane).  Loads and stores of a
+// partial pack touch exactly the objects named, so the last objects of an
+// array are never read or written past.
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include "frame/simd.h"
+#include "frame/view.h"
+
+namespace kel {
+
+// Largest height and width a lanes kernel resolves.
+constexpr int32_t kLaneMaxSide = 8;
+
+template <class Isa, class V>
+struct LaneOperand {
+    using T = typename V::Elem;
+    using Ptr = std::conditional_t<V::written, T*, const T*>;
+    using P = simd::Pack<Isa, T>;
+    static constexpr int L = simd::kLanes<T>;
+    static constexpr bool kRun = V::array;
+    static constexpr int kMax = kLaneMaxSide * kLaneMaxSide;
+
+    Ptr p[kRun ? kMax : 1];
+    P spread[kRun ? 1 : kMax];
+
+    // Positions of an h x w logical object (both at most kLaneMaxSide).
+    LaneOperand(const V& v, int32_t h, int32_t w)
+    {
+        for (int32_t j = 0; j < h; ++j)
+            for (int32_t i = 0; i < w; ++i) {
+                const int k = j * kLaneMaxSide + i;
+                if constexpr (!kRun) spread[k] = P::splat(v.get(0, j, i));
+                else if constexpr (V::kind == Kind::Constant) p[k] = v.at(0);
+                else p[k] = v.at(0, j, i);
+            }
+    }
+    // Element (j, i) of objects n .. n+k-1 (k up to the lane count).
+    P load(int32_t j, int32_t i, int32_t n, int k = L) const
+    {
+        const int q = j * kLaneMaxSide + i;
+        if constexpr (!kRun) {
+            (void)n, (void)k;
+            return spread[q];
+        } else {
+            return k == L ? P::load(p[q] + n) : P::loadPart(p[q] + n, k);
+        }
+    }
+    void store(int32_t j, int32_t i, int32_t n, P x, int k = L) const
+    {
+        static_assert(V::written && kRun, "stores go to an array result");
+        T* q = p[j * kLaneMaxSide + i] + n;
+        if (k == L) x.store(q);
+        else x.storePart(q, k);
+    }
+};
+
+// Can views of these types take a lanes kernel at all?  L arrays never can.
+template <class V>
+constexpr bool lanesPossible()
+{
+    if constexpr (!V::array) return true;
+    else return V::desc != Desc::L;
+}
+
+// Objects n = 0, kLanes, ... of `count` in packs, the last one partial:
+// f(n, k) with k objects.
+template <class T, class F>
+inline void forLanes(int32_t count, F&& f)
+{
+    constexpr int L = simd::kLanes<T>;
+    int32_t n = 0;
+    for (; n + L <= count; n += L) f(n, L);
+    if (n < count) f(n, static_cast<int>(count - n));
+}
+
+}  // namespace kel
