@@ -167,3 +167,40 @@ TEST(Sub, LeftNaNPayloadWins)
 }
 
 }  // namespace
+
+namespace {
+
+// A result one object further on than its left operand, objects side by
+// side: each object reads what the one before it wrote, as in the plain
+// object-by-object loop, in both types (the lanes would read them all first).
+TEST(Add, OverlappingResultGoesObjectByObject)
+{
+    kt::forceThreads(1);
+    const int count = 11, w = 4, h = 3, span = count + 1;
+    auto run = [&](auto zero) {
+        using T = decltype(zero);
+        const int e = sizeof(T);
+        std::vector<T> a(w * h * span), b(w * h * count);
+        for (size_t k = 0; k < a.size(); ++k) a[k] = T(0.25 * (k % 13) + 1);
+        for (size_t k = 0; k < b.size(); ++k) b[k] = T(1.0 / (3 + k % 7));
+        std::vector<T> want = a;
+        for (int n = 0; n < count; ++n)
+            for (int j = 0; j < h; ++j)
+                for (int i = 0; i < w; ++i)
+                    want[(j * w + i) * span + n + 1] = want[(j * w + i) * span + n] + b[(j * w + i) * count + n];
+        KelStatus st;
+        if constexpr (sizeof(T) == 4)
+            st = kelmAdd_mama_32f(a.data(), e, e * w * span, e * span, b.data(), e, e * w * count, e * count, a.data() + 1,
+                                  e, e * w * span, e * span, w, h, count);
+        else
+            st = kelmAdd_mama_64f(a.data(), e, e * w * span, e * span, b.data(), e, e * w * count, e * count, a.data() + 1,
+                                  e, e * w * span, e * span, w, h, count);
+        ASSERT_EQ(st, kelStsNoErr);
+        ASSERT_EQ(std::memcmp(a.data(), want.data(), a.size() * e), 0);
+    };
+    run(0.0f);
+    run(0.0);
+    kt::forceThreads(0);
+}
+
+}  // namespace

@@ -13,6 +13,11 @@
 //          in 128-bit registers, straight-line code for square sizes 3 to 6
 //          and vector lengths 3 to 6, a single operand held in registers
 //          over the whole array;
+//   planes every array operand has its objects side by side (interleaved S,
+//          or P over planes): each element position is a run of objects,
+//          streamed in 128-bit packs, a single operand spread over the
+//          lanes; objects up to 8 x 8, and only if the result overlaps no
+//          source other than in place;
 //   any    anything else (strides, transposition, P tables): one element at
 //          a time through the views.
 #pragma once
@@ -21,6 +26,7 @@
 #include <cstring>
 
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 
@@ -300,6 +306,23 @@ void flat(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& 
     }
 }
 
+// ---- Planes path -------------------------------------------------------------------
+// Objects side by side: position (j, i) of objects 0..count-1 is one run of
+// elements, streamed position after position.
+template <class Op, class Isa, class A, class B, class D>
+void planes(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& d)
+{
+    using T = typename D::Elem;
+    const LaneOperand<Isa, A> left(a, h, w);
+    const LaneOperand<Isa, B> right(b, h, w);
+    const LaneOperand<Isa, D> out(d, h, w);
+    for (int32_t j = 0; j < h; ++j)
+        for (int32_t i = 0; i < w; ++i)
+            forLanes<T>(count, [&](int32_t n, int k) {
+                out.store(j, i, n, Op::apply(left.load(j, i, n, k), right.load(j, i, n, k)), k);
+            });
+}
+
 // The serial kernel of every member: picks a path for the whole array.
 template <class Op, class Isa = simd::Sse>
 struct Kernel {
@@ -337,6 +360,13 @@ struct Kernel {
         if constexpr (D::array && flatPossible<A>() && flatPossible<B>() && flatPossible<D>()) {
             if (flatSource(a, w, h) && flatSource(b, w, h) && denseRun(d, w, h)) {
                 flat<Op, Isa>(count, w, h, a, b, d);
+                return kelStsNoErr;
+            }
+        }
+        if constexpr (D::array && lanesPossible<A>() && lanesPossible<B>() && lanesPossible<D>()) {
+            if (w <= kLaneMaxSide && h <= kLaneMaxSide && sideBySide(a) && sideBySide(b) && sideBySide(d) &&
+                !overlapsSources(d, count, w, h, a, b)) {
+                planes<Op, Isa>(count, w, h, a, b, d);
                 return kelStsNoErr;
             }
         }

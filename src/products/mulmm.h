@@ -19,6 +19,10 @@
 //   rows    any size with contiguous rows of B and dst: the same along
 //           runs of up to one pack of columns
 //   any     everything else: one element at a time
+//   planes  objects side by side (every array operand in interleaved S or
+//           P over planes, sizes up to 8): a pack of objects at a time, one
+//           object per lane, each lane's sum as the path that the call's
+//           layout would otherwise take forms it
 // Transposition is never materialised in memory.  In-place use is not
 // supported: dst must not overlap a source.
 #pragma once
@@ -29,6 +33,7 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 #include "products/mulmm_classes.h"
@@ -292,6 +297,33 @@ bool dense(const V& v, int n)
     else return v.s1 == n * kElem<typename V::Elem>;
 }
 
+// Objects side by side (interleaved S, P over planes): each dst element of
+// a pack of objects at once, one object per lane, by the sum the kernels
+// above give it (ascending k, from the first product or from +0.0).  N:
+// the square size, or 0 for sizes known only here.
+template <int N, class A, class B, class D>
+void planes(int32_t count, const Dims& dm, bool fromZero, const A& a, const B& b, const D& d)
+{
+    using T = typename D::Elem;
+    using P = Pack<T>;
+    const int32_t R = N ? N : dm.R, C = N ? N : dm.C, K = N ? N : dm.K;
+    const LaneOperand<Sse, A> la(a, R, K);
+    const LaneOperand<Sse, B> lb(b, K, C);
+    const LaneOperand<Sse, D> ld(d, R, C);
+    forLanes<T>(count, [&](int32_t n, int k) {
+        for (int32_t r = 0; r < R; ++r) {
+            P x[kLaneMaxSide];
+            for (int32_t q = 0; q < K; ++q) x[q] = la.load(r, q, n, k);
+            for (int32_t c = 0; c < C; ++c) {
+                P acc = x[0] * lb.load(0, c, n, k);
+                if (fromZero) acc = acc + P::splat(T(0));
+                for (int32_t q = 1; q < K; ++q) acc = acc + x[q] * lb.load(q, c, n, k);
+                ld.store(r, c, n, acc, k);
+            }
+        }
+    });
+}
+
 // The serial kernel of every member: picks the path for the whole array.
 struct Kernel {
     Dims dm;
@@ -301,6 +333,23 @@ struct Kernel {
     template <class A, class B, class D>
     KelStatus operator()(int32_t count, void*, const A& a, const B& b, const D& d) const
     {
+        if constexpr (D::array && lanesPossible<A>() && lanesPossible<B>() && lanesPossible<D>()) {
+            if (dm.R <= kLaneMaxSide && dm.C <= kLaneMaxSide && dm.K <= kLaneMaxSide && sideBySide(a) &&
+                sideBySide(b) && sideBySide(d)) {
+                bool packed = false;
+                if constexpr (D::desc != Desc::P) packed = allPacked(a, b, d);
+                const SizeSet straight = packed ? packedSizes : otherSizes;
+                const bool fromZero = dm.n == 0 || !(straight >> dm.n & 1u);
+                switch (dm.n) {
+                case 3: planes<3>(count, dm, fromZero, a, b, d); break;
+                case 4: planes<4>(count, dm, fromZero, a, b, d); break;
+                case 5: planes<5>(count, dm, fromZero, a, b, d); break;
+                case 6: planes<6>(count, dm, fromZero, a, b, d); break;
+                default: planes<0>(count, dm, fromZero, a, b, d); break;
+                }
+                return kelStsNoErr;
+            }
+        }
         if constexpr (D::desc == Desc::P) run<false>(count, otherSizes, a, b, d);
         else if (allPacked(a, b, d)) run<true>(count, packedSizes, a, b, d);
         else run<false>(count, otherSizes, a, b, d);

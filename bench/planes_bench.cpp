@@ -1,0 +1,252 @@
+// Structure-of-arrays data: Add of 4x4 matrices whose objects lie side by
+// side, described as interleaved S (Stride0 the element size) and as P over
+// planes, against kelm on packed objects (S and L) and the loop a user
+// writes over the same planes; P over the fields of an array of structs.
+#include "common.h"
+#include "kelm.h"
+
+namespace {
+
+const kb::OneThread oneThread;
+
+constexpr int kN = 4, kPos = kN * kN;
+
+// Planes: position p of object n at [p * count + n].
+template <class T>
+struct Planes {
+    int count;
+    std::vector<T> a, b, d;
+    std::vector<const T*> ta, tb;
+    std::vector<T*> td;
+    explicit Planes(int c)
+        : count(c), a(kb::randomData<T>(size_t(kPos) * c, 1)), b(kb::randomData<T>(size_t(kPos) * c, 2)),
+          d(size_t(kPos) * c)
+    {
+        for (int p = 0; p < kPos; ++p) {
+            ta.push_back(a.data() + size_t(p) * c);
+            tb.push_back(b.data() + size_t(p) * c);
+            td.push_back(d.data() + size_t(p) * c);
+        }
+    }
+};
+
+KelStatus addS(const float* a, int a0, int a1, int a2, const float* b, int b0, int b1, int b2, float* d, int d0, int d1,
+               int d2, int c)
+{
+    return kelmAdd_mama_32f(a, a0, a1, a2, b, b0, b1, b2, d, d0, d1, d2, kN, kN, c);
+}
+KelStatus addS(const double* a, int a0, int a1, int a2, const double* b, int b0, int b1, int b2, double* d, int d0,
+               int d1, int d2, int c)
+{
+    return kelmAdd_mama_64f(a, a0, a1, a2, b, b0, b1, b2, d, d0, d1, d2, kN, kN, c);
+}
+KelStatus addP(const float* const* a, int ar, int a0, const float* const* b, int br, int b0, float* const* d, int dr,
+               int d0, int c)
+{
+    return kelmAdd_mama_32f_P(a, ar, a0, b, br, b0, d, dr, d0, kN, kN, c);
+}
+KelStatus addP(const double* const* a, int ar, int a0, const double* const* b, int br, int b0, double* const* d,
+               int dr, int d0, int c)
+{
+    return kelmAdd_mama_64f_P(a, ar, a0, b, br, b0, d, dr, d0, kN, kN, c);
+}
+
+template <class T>
+void KelmPlanesS(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    const int e = sizeof(T), s2 = e * x.count, s1 = s2 * kN;
+    for (auto _ : state) {
+        addS(x.a.data(), e, s1, s2, x.b.data(), e, s1, s2, x.d.data(), e, s1, s2, x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * e);
+}
+
+template <class T>
+void KelmPlanesP(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    const int e = sizeof(T);
+    for (auto _ : state) {
+        addP(x.ta.data(), 0, e, x.tb.data(), 0, e, x.td.data(), 0, e, x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * e);
+}
+
+// The same arrays as packed objects: object n at [n * 16].
+template <class T>
+void KelmObjectsS(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    const int e = sizeof(T);
+    for (auto _ : state) {
+        addS(x.a.data(), e * kPos, e * kN, e, x.b.data(), e * kPos, e * kN, e, x.d.data(), e * kPos, e * kN, e,
+             x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * e);
+}
+
+void KelmObjectsL(benchmark::State& state)
+{
+    Planes<float> x(static_cast<int>(state.range(0)));
+    std::vector<const float*> la, lb;
+    std::vector<float*> ld;
+    for (int n = 0; n < x.count; ++n) {
+        la.push_back(x.a.data() + n * kPos);
+        lb.push_back(x.b.data() + n * kPos);
+        ld.push_back(x.d.data() + n * kPos);
+    }
+    for (auto _ : state) {
+        kelmAdd_mama_32f_L(la.data(), 0, 16, 4, lb.data(), 0, 16, 4, ld.data(), 0, 16, 4, kN, kN, x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * 4);
+}
+
+// What a user writes over the planes, compiled with the library's flags.
+template <class T>
+void LoopPlanes(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        for (int p = 0; p < kPos; ++p) {
+            const T* a = x.ta[p];
+            const T* b = x.tb[p];
+            T* d = x.td[p];
+            for (int n = 0; n < x.count; ++n) d[n] = a[n] + b[n];
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * sizeof(T));
+}
+
+// Fields of an array of structs: P with Stride0 the struct's size.
+struct Particle {
+    float m[kPos];
+    float other[4];
+};
+
+void KelmStructFieldsP(benchmark::State& state)
+{
+    const int count = static_cast<int>(state.range(0));
+    std::vector<Particle> a(count), b(count), d(count);
+    auto ra = kb::randomData<float>(size_t(kPos) * count, 1), rb = kb::randomData<float>(size_t(kPos) * count, 2);
+    for (int n = 0; n < count; ++n)
+        for (int p = 0; p < kPos; ++p) a[n].m[p] = ra[n * kPos + p], b[n].m[p] = rb[n * kPos + p];
+    std::vector<const float*> ta, tb;
+    std::vector<float*> td;
+    for (int p = 0; p < kPos; ++p) ta.push_back(&a[0].m[p]), tb.push_back(&b[0].m[p]), td.push_back(&d[0].m[p]);
+    const int s0 = sizeof(Particle);
+    for (auto _ : state) {
+        kelmAdd_mama_32f_P(ta.data(), 0, s0, tb.data(), 0, s0, td.data(), 0, s0, kN, kN, count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, count, 3 * kPos * 4);
+}
+
+void LoopStructFields(benchmark::State& state)
+{
+    const int count = static_cast<int>(state.range(0));
+    std::vector<Particle> a(count), b(count), d(count);
+    auto ra = kb::randomData<float>(size_t(kPos) * count, 1), rb = kb::randomData<float>(size_t(kPos) * count, 2);
+    for (int n = 0; n < count; ++n)
+        for (int p = 0; p < kPos; ++p) a[n].m[p] = ra[n * kPos + p], b[n].m[p] = rb[n * kPos + p];
+    for (auto _ : state) {
+        for (int n = 0; n < count; ++n)
+            for (int p = 0; p < kPos; ++p) d[n].m[p] = a[n].m[p] + b[n].m[p];
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, count, 3 * kPos * 4);
+}
+
+// ---- Mul ----------------------------------------------------------------------------
+
+KelStatus mulS(const float* a, int a0, int a1, int a2, const float* b, int b0, int b1, int b2, float* d, int d0, int d1,
+               int d2, int c)
+{
+    return kelmMul_mama_32f(a, a0, a1, a2, kN, kN, b, b0, b1, b2, kN, kN, d, d0, d1, d2, c);
+}
+KelStatus mulS(const double* a, int a0, int a1, int a2, const double* b, int b0, int b1, int b2, double* d, int d0,
+               int d1, int d2, int c)
+{
+    return kelmMul_mama_64f(a, a0, a1, a2, kN, kN, b, b0, b1, b2, kN, kN, d, d0, d1, d2, c);
+}
+
+template <class T>
+void KelmMulPlanesS(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    const int e = sizeof(T), s2 = e * x.count, s1 = s2 * kN;
+    for (auto _ : state) {
+        mulS(x.a.data(), e, s1, s2, x.b.data(), e, s1, s2, x.d.data(), e, s1, s2, x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * e);
+}
+
+void KelmMulPlanesP(benchmark::State& state)
+{
+    Planes<float> x(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        kelmMul_mama_32f_P(x.ta.data(), 0, 4, kN, kN, x.tb.data(), 0, 4, kN, kN, x.td.data(), 0, 4, x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * 4);
+}
+
+template <class T>
+void KelmMulObjectsS(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    const int e = sizeof(T);
+    for (auto _ : state) {
+        mulS(x.a.data(), e * kPos, e * kN, e, x.b.data(), e * kPos, e * kN, e, x.d.data(), e * kPos, e * kN, e,
+             x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * e);
+}
+
+// The product over planes as a user writes it: each dst plane a sum of
+// plane products in ascending k.
+template <class T>
+void LoopMulPlanes(benchmark::State& state)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    const int count = x.count;
+    for (auto _ : state) {
+        for (int r = 0; r < kN; ++r)
+            for (int c = 0; c < kN; ++c) {
+                T* d = x.td[r * kN + c];
+                const T *a0 = x.ta[r * kN], *a1 = x.ta[r * kN + 1], *a2 = x.ta[r * kN + 2], *a3 = x.ta[r * kN + 3];
+                const T *b0 = x.tb[c], *b1 = x.tb[kN + c], *b2 = x.tb[2 * kN + c], *b3 = x.tb[3 * kN + c];
+                for (int n = 0; n < count; ++n) d[n] = a0[n] * b0[n] + a1[n] * b1[n] + a2[n] * b2[n] + a3[n] * b3[n];
+            }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * sizeof(T));
+}
+
+}  // namespace
+
+BENCHMARK_TEMPLATE(KelmPlanesS, float)->Arg(1000)->Arg(1000000);
+BENCHMARK_TEMPLATE(KelmPlanesP, float)->Arg(1000)->Arg(1000000);
+BENCHMARK_TEMPLATE(KelmObjectsS, float)->Arg(1000)->Arg(1000000);
+BENCHMARK(KelmObjectsL)->Arg(1000);
+BENCHMARK_TEMPLATE(LoopPlanes, float)->Arg(1000)->Arg(1000000);
+BENCHMARK_TEMPLATE(KelmPlanesS, double)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmPlanesP, double)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmObjectsS, double)->Arg(1000);
+BENCHMARK_TEMPLATE(LoopPlanes, double)->Arg(1000);
+BENCHMARK(KelmStructFieldsP)->Arg(1000);
+BENCHMARK(LoopStructFields)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmMulPlanesS, float)->Arg(1000);
+BENCHMARK(KelmMulPlanesP)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmMulObjectsS, float)->Arg(1000);
+BENCHMARK_TEMPLATE(LoopMulPlanes, float)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmMulPlanesS, double)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmMulObjectsS, double)->Arg(1000);
+BENCHMARK_TEMPLATE(LoopMulPlanes, double)->Arg(1000);
