@@ -26,7 +26,10 @@
 //            (its rounding depends on the vector's address);
 //   gathered square sizes 3 to 6 with strides or element tables: each
 //            object read into locals, then straight-line sums;
-//   elements anything else: one element at a time through the views.
+//   elements anything else: one element at a time through the views;
+//   lanes    objects side by side (interleaved S, P over planes; sizes up to
+//            8): a pack of objects at a time, one object per lane, each
+//            lane's sum begun as the gathered and elements paths begin it.
 #pragma once
 
 #include <cstdint>
@@ -36,6 +39,7 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/lanesum.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -259,6 +263,32 @@ void elements(int32_t count, int32_t R, int32_t K, bool straight, const A& av, c
         }
 }
 
+// Lanes path: dst(r) of a pack of objects side by side at once, one object
+// per lane, each lane's sum the one the strided and P paths form.
+template <class T, class Isa, class A, class X, class Y, class D>
+void lanes(int32_t count, int32_t R, int32_t K, bool fromZero, const A& a, const X& x, const Y& y, const D& d)
+{
+    using P = simd::Pack<Isa, T>;
+    const LaneOperand<Isa, A> la(a, R, K);
+    const LaneOperand<Isa, X> lx(x, 1, K);
+    const LaneOperand<Isa, D> ld(d, 1, R);
+    const auto ly = [&] {
+        if constexpr (kNoAddend<Y>) return 0;
+        else return LaneOperand<Isa, Y>(y, 1, R);
+    }();
+    forLanes<T>(count, [&](int32_t n, int k) {
+        P xs[kLaneMaxSide];
+        for (int32_t q = 0; q < K; ++q) xs[q] = lx.load(0, q, n, k);
+        for (int32_t r = 0; r < R; ++r) {
+            P s = la.load(r, 0, n, k) * xs[0];
+            if (fromZero) s = P::splat(T(0)) + s;
+            for (int32_t q = 1; q < K; ++q) s = s + la.load(r, q, n, k) * xs[q];
+            if constexpr (!kNoAddend<Y>) s = s + ly.load(0, r, n, k);
+            ld.store(0, r, n, s, k);
+        }
+    });
+}
+
 }  // namespace mv
 
 // The serial kernel of every member: dst = A x (+ y) for `count` objects.
@@ -314,6 +344,16 @@ private:
     template <class A, class X, class Y, class D>
     void compute(int32_t count, const A& a, const X& x, const Y& y, const D& d) const
     {
+        if constexpr (D::array && lanesPossible<A>() && lanesPossible<X>() && lanesPossible<Y>() &&
+                      lanesPossible<D>()) {
+            bool packed = false;
+            if constexpr (A::desc != Desc::P) packed = allPacked(a, x, y, d);
+            if (!packed && R <= kLaneMaxSide && K <= kLaneMaxSide && sideBySide(a) && sideBySide(x) &&
+                sideBySide(y) && sideBySide(d)) {
+                const bool sized = square && (A::desc == Desc::P ? rules.tableSizes : rules.stridedSizes);
+                return mv::lanes<T, Isa>(count, R, K, !sized, a, x, y, d);
+            }
+        }
         if constexpr (A::desc == Desc::P) {
             gather(count, !rules.tableSizes, a, x, y, d);
         } else {
