@@ -7,7 +7,8 @@
 // each multiplier, a pivot below the tolerance gives 0, and so does a last
 // element whose magnitude is not above it (a NaN included).  In an array a
 // small pivot ends that object only: its sign becomes 0 and the last step
-// runs, so the result is a zero of either sign.
+// runs, so the result is a zero of either sign.  Objects side by side
+// (interleaved S, P over planes) take the closed forms a pack at a time.
 #pragma once
 
 #include <cmath>
@@ -18,6 +19,7 @@
 #include "factor/workmatrix.h"
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -92,13 +94,44 @@ struct DetKernel {
         int32_t k = 0;
         if constexpr (std::is_same<T, double>::value && N <= 4)
             for (; k + 1 < count; k += 2)
-                _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(simd::pairOf(in[k], in[k + 1])).v);
+                _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(simd::pairOf(in[k], in[k + 1])).p.v);
         for (; k < count; ++k) store<T>(dst.at(k), detClosed<N, T>(in[k]));
+    }
+
+    // Objects side by side: orders 3 to 6 a pack of objects at a time, one
+    // object per lane, by the closed form of one.
+    template <int N, class S, class T>
+    static void lanes(int32_t count, const S& src, const Dense<T>& dst)
+    {
+        using L = simd::Lanes<T>;
+        const LaneOperand<simd::Sse, S> in(src, N, N);
+        forLanes<T>(count, [&](int32_t n, int k) {
+            struct {
+                const LaneOperand<simd::Sse, S>& in;
+                int32_t n;
+                int k;
+                L get(int j, int i) const { return in.load(j, i, n, k); }
+            } const objects{in, n, k};
+            const L d = detClosed<N, L>(objects);
+            if (k == simd::kLanes<T>) d.p.store(dst.at(n));
+            else d.p.storePart(dst.at(n), k);
+        });
     }
 
     template <class S, class T>
     KelStatus operator()(int32_t count, void* scratch, const S& src, const Plain<T>&, const Dense<T>& dst) const
     {
+        if constexpr (S::array && lanesPossible<S>()) {
+            if (n >= 3 && n <= 6 && sideBySide(src) && sideBySide(dst)) {
+                switch (n) {
+                case 3: lanes<3>(count, src, dst); break;
+                case 4: lanes<4>(count, src, dst); break;
+                case 5: lanes<5>(count, src, dst); break;
+                default: lanes<6>(count, src, dst); break;
+                }
+                return kelStsNoErr;
+            }
+        }
         if constexpr (S::desc == Desc::P) return bySize<Path::Table>(count, scratch, src, dst);
         else if (pathOf(src) == Path::Rows) return bySize<Path::Rows>(count, scratch, src, dst);
         else return bySize<Path::Strided>(count, scratch, src, dst);

@@ -20,7 +20,8 @@
 //            (and 1) of dst receive the source's rows as scratch first and
 //            keep them if the matrix is refused.
 // Everywhere else a refused matrix leaves dst as it was.  A serial array
-// stops at the first refused matrix.
+// stops at the first refused matrix.  Objects side by side (interleaved S,
+// P over planes) take the closed forms a pack of objects at a time.
 #pragma once
 
 #include <smmintrin.h>
@@ -36,6 +37,7 @@
 #include "factor/workmatrix.h"
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -255,16 +257,16 @@ struct InvertKernel {
             const auto src = simd::pairOf(in[k], in[k + 1]);
             unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { a[j][i] = src.get(j, i); }); });
             const Adjugate<N, simd::DoublePair> adj = laplaceAdjugate(a);
-            if (belowTolerance(t, adj.det.first())) return kelStsSingular;
-            const bool second = !belowTolerance(t, adj.det.second());
+            if (belowTolerance(t, adj.det.lane(0))) return kelStsSingular;
+            const bool second = !belowTolerance(t, adj.det.lane(1));
             const simd::DoublePair r = simd::DoublePair(1.0) / adj.det;
             const auto d0 = out[k], d1 = out[k + 1];
             unrolled<N>([&](auto i) {
                 unrolled<N>([&](auto j) {
                     const simd::DoublePair m = adj.minor[i][j];
                     const simd::DoublePair x = ((i + j) % 2 ? simd::DoublePair(0.0) - m : m) * r;
-                    d0.put(j, i, x.first());
-                    if (second) d1.put(j, i, x.second());
+                    d0.put(j, i, x.lane(0));
+                    if (second) d1.put(j, i, x.lane(1));
                 });
             });
             if (!second) return kelStsSingular;
@@ -340,9 +342,53 @@ struct InvertKernel {
         }
     }
 
+    // Objects side by side: orders 3 to 6 a pack of objects at a time, one
+    // object per lane, with the cofactors of the strided and P paths.  A pack
+    // in which an object is refused goes again object by object from its
+    // first object, and so does the rest of the array: the status, what the
+    // refused object leaves and where the call stops are those of that path.
+    template <int N, Path W, class S, class D>
+    KelStatus lanes(int32_t count, void* scratch, const S& src, const D& dst) const
+    {
+        using T = typename D::Elem;
+        using L = simd::Lanes<T>;
+        constexpr double t = closedTolerance<T, N>(false);
+        const LaneOperand<simd::Sse, S> in(src, N, N);
+        const LaneOperand<simd::Sse, D> out(dst, N, N);
+        for (int32_t n = 0; n < count; n += simd::kLanes<T>) {
+            const int k = count - n < simd::kLanes<T> ? static_cast<int>(count - n) : simd::kLanes<T>;
+            L a[N][N];
+            unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { a[j][i] = in.load(j, i, n, k); }); });
+            const Adjugate<N, L> adj = laplaceAdjugate(a);
+            for (int l = 0; l < k; ++l)
+                if (belowTolerance(t, adj.det.lane(l)))
+                    return bySize<W>(count - n, scratch, src.slice(n), dst.slice(n));
+            const L r = L(T(1)) / adj.det;
+            unrolled<N>([&](auto i) {
+                unrolled<N>([&](auto j) {
+                    const L m = adj.minor[i][j];
+                    out.store(j, i, n, (((i + j) % 2 ? L(T(0)) - m : m) * r).p, k);
+                });
+            });
+        }
+        return kelStsNoErr;
+    }
+
     template <class S, class T, class D>
     KelStatus operator()(int32_t count, void* scratch, const S& src, const Plain<T>&, const D& dst) const
     {
+        if constexpr (S::array && lanesPossible<S>() && lanesPossible<D>()) {
+            constexpr Path W = S::desc == Desc::P ? Path::Table : Path::Strided;
+            if (n >= 3 && n <= 6 && sideBySide(src) && sideBySide(dst) &&
+                (W == Path::Table || pathOf(src, dst) == W)) {
+                switch (n) {
+                case 3: return lanes<3, W>(count, scratch, src, dst);
+                case 4: return lanes<4, W>(count, scratch, src, dst);
+                case 5: return lanes<5, W>(count, scratch, src, dst);
+                default: return lanes<6, W>(count, scratch, src, dst);
+                }
+            }
+        }
         if constexpr (S::desc == Desc::P) return bySize<Path::Table>(count, scratch, src, dst);
         else if (pathOf(src, dst) == Path::Rows) return bySize<Path::Rows>(count, scratch, src, dst);
         else return bySize<Path::Strided>(count, scratch, src, dst);

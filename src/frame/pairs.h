@@ -1,35 +1,45 @@
-// Two objects of double precision in one register.
+// One element of several objects in one register: four floats or two
+// doubles, lane 0 the first object's.
 #pragma once
 
 #include <emmintrin.h>
 
+#include "frame/simd.h"
+
 namespace kel::simd {
 
-// ---- Two objects in one register ------------------------------------------------
-
-// The doubles of two objects side by side, lane 0 the first object's.  Each
-// lane does its own object's arithmetic, operation for operation in the
-// same order, so a scalar formula written on T gives the same bits with T
-// = DoublePair, two objects at a time.
-struct DoublePair {
-    __m128d v;
-    DoublePair() = default;
-    DoublePair(__m128d x) : v(x) {}
-    explicit DoublePair(double x) : v(_mm_set1_pd(x)) {}
-    static DoublePair of(double first, double second) { return {_mm_set_pd(second, first)}; }
-    double first() const { return _mm_cvtsd_f64(v); }
-    double second() const { return _mm_cvtsd_f64(_mm_unpackhi_pd(v, v)); }
-    friend DoublePair operator+(DoublePair a, DoublePair b) { return {_mm_add_pd(a.v, b.v)}; }
-    friend DoublePair operator-(DoublePair a, DoublePair b) { return {_mm_sub_pd(a.v, b.v)}; }
-    friend DoublePair operator*(DoublePair a, DoublePair b) { return {_mm_mul_pd(a.v, b.v)}; }
-    friend DoublePair operator/(DoublePair a, DoublePair b) { return {_mm_div_pd(a.v, b.v)}; }
+// Each lane does its own object's arithmetic, operation for operation in
+// the same order, so a scalar formula written on T gives the same bits
+// with T = Lanes<T>, kLanes<T> objects at a time.
+template <class E>
+struct Lanes {
+    using Elem = E;
+    using P = Pack<Sse, E>;
+    P p;
+    Lanes() = default;
+    Lanes(P x) : p(x) {}
+    explicit Lanes(E x) : p(P::splat(x)) {}
+    friend Lanes operator+(Lanes a, Lanes b) { return a.p + b.p; }
+    friend Lanes operator-(Lanes a, Lanes b) { return a.p - b.p; }
+    friend Lanes operator*(Lanes a, Lanes b) { return a.p * b.p; }
+    friend Lanes operator/(Lanes a, Lanes b) { return a.p / b.p; }
+    // Object l's value.
+    E lane(int l) const
+    {
+        alignas(16) E t[kLanes<E>];
+        p.store(t);
+        return t[l];
+    }
 };
+
+// Two objects of double precision.
+using DoublePair = Lanes<double>;
 
 // Element (j, i) of two objects' cursors as one pair.
 template <class C>
 struct PairCursor {
     C a, b;
-    DoublePair get(int j, int i) const { return DoublePair::of(a.get(j, i), b.get(j, i)); }
+    DoublePair get(int j, int i) const { return Pack<Sse, double>{_mm_set_pd(b.get(j, i), a.get(j, i))}; }
 };
 template <class C>
 PairCursor<C> pairOf(const C& a, const C& b)
