@@ -230,6 +230,55 @@ void LoopMulPlanes(benchmark::State& state)
     kb::report(state, x.count, 3 * kPos * sizeof(T));
 }
 
+// ---- Det and Invert ------------------------------------------------------------------
+
+// Diagonally dominant N x N objects, as planes or packed one after another.
+template <class T, int N>
+struct Squares {
+    int count;
+    std::vector<T> planes, packed, out;
+    explicit Squares(int c) : count(c), planes(size_t(N) * N * c), packed(size_t(N) * N * c), out(size_t(N) * N * c)
+    {
+        const auto r = kb::randomData<T>(size_t(N) * N * c, 3);
+        for (int n = 0; n < c; ++n)
+            for (int p = 0; p < N * N; ++p) {
+                const T v = r[size_t(n) * N * N + p] + (p % (N + 1) == 0 ? T(N) : T(0));
+                planes[size_t(p) * c + n] = v;
+                packed[size_t(n) * N * N + p] = v;
+            }
+    }
+};
+
+template <int N, bool Planes>
+void KelmDet64(benchmark::State& state)
+{
+    Squares<double, N> x(static_cast<int>(state.range(0)));
+    double buf[N * (N + 1)];
+    const int e = 8;
+    for (auto _ : state) {
+        if (Planes) kelmDet_ma_64f(x.planes.data(), e, e * N * x.count, e * x.count, N, buf, x.out.data(), x.count);
+        else kelmDet_ma_64f(x.packed.data(), e * N * N, e * N, e, N, buf, x.out.data(), x.count);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, (N * N + 1) * e);
+}
+
+template <bool Planes>
+void KelmInvert4x4F32(benchmark::State& state)
+{
+    Squares<float, 4> x(static_cast<int>(state.range(0)));
+    float buf[20];
+    const int e = 4, c = x.count;
+    for (auto _ : state) {
+        if (Planes)
+            kelmInvert_ma_32f(x.planes.data(), e, e * 4 * c, e * c, buf, x.out.data(), e, e * 4 * c, e * c, 4, c);
+        else
+            kelmInvert_ma_32f(x.packed.data(), 64, 16, 4, buf, x.out.data(), 64, 16, 4, 4, c);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 32 * e);
+}
+
 }  // namespace
 
 BENCHMARK_TEMPLATE(KelmPlanesS, float)->Arg(1000)->Arg(1000000);
@@ -250,3 +299,9 @@ BENCHMARK_TEMPLATE(LoopMulPlanes, float)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmMulPlanesS, double)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmMulObjectsS, double)->Arg(1000);
 BENCHMARK_TEMPLATE(LoopMulPlanes, double)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmDet64, 3, true)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmDet64, 3, false)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmDet64, 4, true)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmDet64, 4, false)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmInvert4x4F32, true)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmInvert4x4F32, false)->Arg(1000);

@@ -318,7 +318,7 @@ void planes(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D
     const LaneOperand<Isa, D> out(d, h, w);
     for (int32_t j = 0; j < h; ++j)
         for (int32_t i = 0; i < w; ++i)
-            forLanes<T>(count, [&](int32_t n, int k) {
+            forLanes<T, 2>(count, [&](int32_t n, int k) {
                 out.store(j, i, n, Op::apply(left.load(j, i, n, k), right.load(j, i, n, k)), k);
             });
 }

@@ -74,12 +74,16 @@ constexpr bool lanesPossible()
 }
 
 // Objects n = 0, kLanes, ... of `count` in packs, the last one partial:
-// f(n, k) with k objects.
-template <class T, class F>
+// f(n, k) with k objects.  Unroll: full packs per step, for bodies so
+// short that the loop's own work counts.
+template <class T, int Unroll = 1, class F>
 inline void forLanes(int32_t count, F&& f)
 {
     constexpr int L = simd::kLanes<T>;
     int32_t n = 0;
+    if constexpr (Unroll > 1)
+        for (; n + Unroll * L <= count; n += Unroll * L)
+            for (int u = 0; u < Unroll; ++u) f(n + u * L, L);
     for (; n + L <= count; n += L) f(n, L);
     if (n < count) f(n, static_cast<int>(count - n));
 }
