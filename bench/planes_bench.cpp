@@ -2,6 +2,8 @@
 // side, described as interleaved S (Stride0 the element size) and as P over
 // planes, against kelm on packed objects (S and L) and the loop a user
 // writes over the same planes; P over the fields of an array of structs.
+#include <cstdint>
+
 #include "common.h"
 #include "kelm.h"
 
@@ -162,6 +164,27 @@ void LoopStructFields(benchmark::State& state)
     kb::report(state, count, 3 * kPos * 4);
 }
 
+// A plain loop through the same P table (element by element, as a user who
+// describes the fields by pointers would write it).
+void LoopStructTable(benchmark::State& state)
+{
+    const int count = static_cast<int>(state.range(0));
+    std::vector<Particle> a(count), b(count), d(count);
+    std::vector<const float*> ta, tb;
+    std::vector<float*> td;
+    for (int p = 0; p < kPos; ++p) ta.push_back(&a[0].m[p]), tb.push_back(&b[0].m[p]), td.push_back(&d[0].m[p]);
+    const int s0 = sizeof(Particle);
+    for (auto _ : state) {
+        for (int n = 0; n < count; ++n)
+            for (int p = 0; p < kPos; ++p) {
+                const auto at = [&](auto* q) { return reinterpret_cast<decltype(q)>(reinterpret_cast<uintptr_t>(q) + size_t(n) * s0); };
+                *at(td[p]) = *at(ta[p]) + *at(tb[p]);
+            }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, count, 3 * kPos * 4);
+}
+
 // ---- Mul ----------------------------------------------------------------------------
 
 KelStatus mulS(const float* a, int a0, int a1, int a2, const float* b, int b0, int b1, int b2, float* d, int d0, int d1,
@@ -292,6 +315,7 @@ BENCHMARK_TEMPLATE(KelmObjectsS, double)->Arg(1000);
 BENCHMARK_TEMPLATE(LoopPlanes, double)->Arg(1000);
 BENCHMARK(KelmStructFieldsP)->Arg(1000);
 BENCHMARK(LoopStructFields)->Arg(1000);
+BENCHMARK(LoopStructTable)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmMulPlanesS, float)->Arg(1000);
 BENCHMARK(KelmMulPlanesP)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmMulObjectsS, float)->Arg(1000);

@@ -18,8 +18,11 @@
 //          streamed in 128-bit packs, a single operand spread over the
 //          lanes; objects up to 8 x 8, and only if the result overlaps no
 //          source other than in place;
-//   any    anything else (strides, transposition, P tables): one element at
-//          a time through the views.
+//   runs   S and P arrays with any Stride0 (fields of an array of structures,
+//          transposed or strided objects), objects up to 8 x 8 and no
+//          overlap: object after object from a table of element addresses;
+//   any    anything else (L tables with strides or transposition, overlaps):
+//          one element at a time through the views.
 #pragma once
 
 #include <cstdint>
@@ -323,6 +326,58 @@ void planes(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D
             });
 }
 
+// ---- Runs path ----------------------------------------------------------------------
+// S and P arrays with any Stride0 (fields of an array of structures,
+// objects with gaps or transposed): object after object, the positions of
+// each object from a table of its first object's element addresses, so
+// that an object's elements are one offset from those (objects are read in
+// memory order, each cache line once).
+
+// One operand: its first object's element at each position and the bytes
+// from object to object, or the values every object shares.
+template <class T, class V>
+struct RunSource {
+    static constexpr int kMax = kLaneMaxSide * kLaneMaxSide;
+    const T* p[V::array ? kMax : 1];
+    T value[V::array ? 1 : kMax];
+    int32_t step = 0;
+    RunSource(const V& v, int32_t w, int32_t h)
+    {
+        if constexpr (V::array) step = v.s0;
+        for (int32_t j = 0; j < h; ++j)
+            for (int32_t i = 0; i < w; ++i) {
+                const int q = j * w + i;
+                if constexpr (!V::array) value[q] = v.get(0, j, i);
+                else if constexpr (V::kind == Kind::Constant) p[q] = v.at(0);
+                else p[q] = v.at(0, j, i);
+            }
+    }
+    T at(int32_t off, int q) const
+    {
+        if constexpr (!V::array) {
+            (void)off;
+            return value[q];
+        } else {
+            return load<T>(offset(p[q], off));
+        }
+    }
+};
+
+template <class Op, class A, class B, class D>
+void runs(int32_t count, int32_t w, int32_t h, const A& a, const B& b, const D& d)
+{
+    using T = typename D::Elem;
+    const RunSource<T, A> left(a, w, h);
+    const RunSource<T, B> right(b, w, h);
+    T* out[kLaneMaxSide * kLaneMaxSide];
+    for (int32_t j = 0; j < h; ++j)
+        for (int32_t i = 0; i < w; ++i) out[j * w + i] = d.at(0, j, i);
+    const int positions = w * h;
+    for (int32_t n = 0; n < count; ++n) {
+        const int32_t oa = mul32(n, left.step), ob = mul32(n, right.step), od = mul32(n, d.s0);
+        for (int q = 0; q < positions; ++q) store<T>(offset(out[q], od), Op::apply(left.at(oa, q), right.at(ob, q)));
+    }
+}
 // The serial kernel of every member: picks a path for the whole array.
 template <class Op, class Isa = simd::Sse>
 struct Kernel {
@@ -375,6 +430,12 @@ struct Kernel {
                 if (!(tryFixed<3>(count, a, b, d) || tryFixed<4>(count, a, b, d) || tryFixed<5>(count, a, b, d) ||
                       tryFixed<6>(count, a, b, d)))
                     rowsAny<Op, Isa>(count, w, h, a, b, d);
+                return kelStsNoErr;
+            }
+        }
+        if constexpr (D::array && lanesPossible<A>() && lanesPossible<B>() && lanesPossible<D>()) {
+            if (w <= kLaneMaxSide && h <= kLaneMaxSide && !overlapsSources(d, count, w, h, a, b)) {
+                runs<Op>(count, w, h, a, b, d);
                 return kelStsNoErr;
             }
         }
