@@ -566,31 +566,4 @@ TEST(InvertByHand, PairsOfFourByFour)
     }
 }
 
-// Objects side by side with one refused object in each place of a pack (and
-// of the packs after it): the status is Singular, the objects before it hold
-// their inverses and it and every later object are untouched, as object by
-// object.
-TEST(InvertByHand, RefusedObjectSideBySide)
-{
-    forceThreads(1);
-    for (const auto& name : memberNames({"Invert"})) {
-        const Member& m = member(name);
-        if (!m.array || m.desc == "L") continue;
-        for (int n : {3, 4, 5, 6})
-            for (int bad = 0; bad < 6; ++bad) {
-                Case s = makeCase(m, {{"size", n}, {"count", 7}}, Layout{Form::Planes}, 100 + bad);
-                for (int i = 0; i < n; ++i) s.ops[kSrc].set(bad, 0, i, 0.0);
-                const std::vector<double> want = invertValues(s);
-                Expected e(s);
-                for (int k = 0; k < bad; ++k)
-                    for (int r = 0; r < n; ++r)
-                        for (int c = 0; c < n; ++c)
-                            e.put(dstGroup(m), k, r, c, toBits(want[(size_t(k) * n + r) * n + c], m.elem));
-                e.check(kelStsSingular);
-                if (HasFatalFailure()) return;
-            }
-    }
-    forceThreads(0);
-}
-
 }  // namespace

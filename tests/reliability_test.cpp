@@ -196,6 +196,41 @@ TEST_P(Reliability, ObjectsSideBySideGiveTheModelsBits)
     });
 }
 
+// Objects side by side with one refused object in each place of a pack (and
+// of the packs after it): the status is the refusal, the objects before it
+// hold the model's results and it and every later object are untouched, as
+// object by object.  An object is refused by a zero first row (Invert) or a
+// negative first diagonal element (CholeskyDecomp).
+TEST(ObjectsSideBySide, RefusedObjectInEveryLane)
+{
+    const struct {
+        const char* family;
+        KelStatus status;
+        double first, rest;
+    } refusals[] = {{"Invert", kelStsSingular, 0.0, 0.0}, {"CholeskyDecomp", kelStsNotPositiveDefinite, -1.0, 0.0}};
+    forceThreads(1);
+    for (const auto& r : refusals)
+        for (const auto& name : memberNames({r.family})) {
+            const Member& m = member(name);
+            if (!m.array || m.desc == "L") continue;
+            const int d = dstGroup(m);
+            for (int n : {3, 4, 5, 6})
+                for (int bad = 0; bad < 6; ++bad) {
+                    Case s = makeCase(m, {{"size", n}, {"count", 7}}, Layout{Form::Planes}, 100 + bad);
+                    for (int i = 0; i < n; ++i) s.ops[0].set(bad, 0, i, i == 0 ? r.first : r.rest);
+                    const std::vector<double> want = family(m).model(s);
+                    Expected e(s);
+                    for (int k = 0; k < bad; ++k)
+                        for (int row = 0; row < n; ++row)
+                            for (int c = 0; c < n; ++c)
+                                e.put(d, k, row, c, toBits(want[(size_t(k) * n + row) * n + c], m.elem));
+                    e.check(r.status);
+                    ASSERT_FALSE(HasFatalFailure()) << name << " order " << n << " refused object " << bad;
+                }
+        }
+    forceThreads(0);
+}
+
 // ---- hostile sizes -----------------------------------------------------------------
 
 // Counts and sizes near INT32_MAX, or strides whose products wrap in 32-bit

@@ -12,6 +12,8 @@
 // off-diagonals of row i written and everything from its diagonal on as it
 // was.  Orders 3 to 6 hold the factor in locals as well (straight-line code
 // from one template per order); every other order reads it back from dst.
+// Objects side by side (interleaved S, P over planes) of orders 3 to 6 go a
+// pack at a time, one object per lane.
 #pragma once
 
 #include <cmath>
@@ -20,6 +22,8 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 
@@ -29,6 +33,8 @@ namespace kel::factor {
 // estimate in single precision.
 inline double invSqrt(double s) { return 1.0 / std::sqrt(s); }
 inline float invSqrt(float s) { return simd::rsqrtRefined(s); }
+inline simd::Lanes<double> invSqrt(simd::Lanes<double> s) { return simd::Lanes<double>(1.0) / simd::sqrt(s.p); }
+inline simd::Lanes<float> invSqrt(simd::Lanes<float> s) { return simd::rsqrtRefined(s.p); }
 
 // The tolerance of a diagonal step by order: s at or below it is refused
 // (a NaN never is).  Order 3 has its own value, orders 4 and 5 none, and
@@ -105,9 +111,55 @@ struct CholDecompKernel {
         return kelStsNoErr;
     }
 
+    // Objects side by side, orders 3 to 6: a pack of objects at a time, one
+    // object per lane, with the arithmetic of cholFactor.  The whole pack is
+    // factored before anything is stored; a pack with a refused object goes
+    // again object by object from its first object, and so does the rest of
+    // the array, so that what is written and where the call stops are those
+    // of that path.
+    template <int N, Path W, class S, class D>
+    KelStatus lanes(int32_t count, const S& src, const D& dst) const
+    {
+        using T = typename D::Elem;
+        using L = simd::Lanes<T>;
+        const T t = static_cast<T>(tol.of(n));
+        const LaneOperand<simd::Sse, S> a(src, N, N);
+        const LaneOperand<simd::Sse, D> out(dst, N, N);
+        for (int32_t first = 0; first < count; first += simd::kLanes<T>) {
+            const int k = count - first < simd::kLanes<T> ? static_cast<int>(count - first) : simd::kLanes<T>;
+            L f[N][N];
+            bool refused = false;
+            for (int i = 0; i < N && !refused; ++i) {
+                for (int j = 0; j < i; ++j) {
+                    L s = a.load(i, j, first, k);
+                    for (int q = 0; q < j; ++q) s = s - f[i][q] * f[j][q];
+                    f[i][j] = s * f[j][j];
+                }
+                L s = a.load(i, i, first, k);
+                for (int q = 0; q < i; ++q) s = s - f[i][q] * f[i][q];
+                for (int l = 0; l < k; ++l) refused = refused || s.lane(l) <= t;
+                f[i][i] = invSqrt(s);
+            }
+            if (refused) return objects<N, W>(count - first, src.slice(first), dst.slice(first));
+            for (int i = 0; i < N; ++i)
+                for (int j = 0; j <= i; ++j) out.store(i, j, first, f[i][j].p, k);
+        }
+        return kelStsNoErr;
+    }
+
     template <Path W, class S, class D>
     KelStatus bySize(int32_t count, const S& src, const D& dst) const
     {
+        if constexpr (S::array && lanesPossible<S>() && lanesPossible<D>() && W != Path::Rows) {
+            if (n >= 3 && n <= 6 && sideBySide(src) && sideBySide(dst)) {
+                switch (n) {
+                case 3: return lanes<3, W>(count, src, dst);
+                case 4: return lanes<4, W>(count, src, dst);
+                case 5: return lanes<5, W>(count, src, dst);
+                default: return lanes<6, W>(count, src, dst);
+                }
+            }
+        }
         switch (n) {
         case 3: return objects<3, W>(count, src, dst);
         case 4: return objects<4, W>(count, src, dst);

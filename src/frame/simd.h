@@ -252,6 +252,13 @@ inline float rsqrtRefined(float s)
     const float y0 = rsqrtEstimate(s);
     return (y0 * (s * y0 * y0 - 3.0f)) * -0.5f;
 }
+// The same for four objects: each lane's estimate is the one of rsqrtss.
+inline Pack<Sse, float> rsqrtRefined(Pack<Sse, float> s)
+{
+    using P = Pack<Sse, float>;
+    const P y0{_mm_rsqrt_ps(s.v)};
+    return (y0 * (s * y0 * y0 - P::splat(3.0f))) * P::splat(-0.5f);
+}
 
 // ---- Reductions and lane moves ---------------------------------------------------
 
