@@ -302,6 +302,33 @@ void KelmInvert4x4F32(benchmark::State& state)
     kb::report(state, x.count, 32 * e);
 }
 
+// Symmetric positive definite 4x4 floats: A = B B^T + 4 I.
+template <bool Planes>
+void KelmCholesky4x4F32(benchmark::State& state)
+{
+    const int c = static_cast<int>(state.range(0)), e = 4;
+    Squares<float, 4> x(c);
+    for (int n = 0; n < c; ++n) {
+        float a[16];
+        for (int r = 0; r < 4; ++r)
+            for (int q = 0; q < 4; ++q) {
+                float sum = r == q ? 4.0f : 0.0f;
+                for (int k = 0; k < 4; ++k) sum += x.packed[size_t(n) * 16 + r * 4 + k] * x.packed[size_t(n) * 16 + q * 4 + k];
+                a[r * 4 + q] = sum;
+            }
+        for (int p = 0; p < 16; ++p) x.planes[size_t(p) * c + n] = a[p];
+        for (int p = 0; p < 16; ++p) x.packed[size_t(n) * 16 + p] = a[p];
+    }
+    for (auto _ : state) {
+        if (Planes)
+            kelmCholeskyDecomp_ma_32f(x.planes.data(), e, e * 4 * c, e * c, x.out.data(), e, e * 4 * c, e * c, 4, c);
+        else
+            kelmCholeskyDecomp_ma_32f(x.packed.data(), 64, 16, 4, x.out.data(), 64, 16, 4, 4, c);
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, c, 32 * e);
+}
+
 }  // namespace
 
 BENCHMARK_TEMPLATE(KelmPlanesS, float)->Arg(1000)->Arg(1000000);
@@ -329,3 +356,5 @@ BENCHMARK_TEMPLATE(KelmDet64, 4, true)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmDet64, 4, false)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmInvert4x4F32, true)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmInvert4x4F32, false)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmCholesky4x4F32, true)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmCholesky4x4F32, false)->Arg(1000);
