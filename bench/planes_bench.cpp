@@ -3,6 +3,7 @@
 // planes, against kelm on packed objects (S and L) and the loop a user
 // writes over the same planes; P over the fields of an array of structs.
 #include <cstdint>
+#include <type_traits>
 
 #include "common.h"
 #include "kelm.h"
@@ -329,6 +330,31 @@ void KelmCholesky4x4F32(benchmark::State& state)
     kb::report(state, c, 32 * e);
 }
 
+// LU of random 4x4 objects (pivots chosen by the data), planes against
+// packed objects.
+template <class T, bool Planes>
+void KelmLUDecomp4x4(benchmark::State& state)
+{
+    const int c = static_cast<int>(state.range(0)), e = sizeof(T);
+    Squares<T, 4> x(c);
+    std::vector<int> piv(size_t(4) * c);
+    for (auto _ : state) {
+        if constexpr (std::is_same<T, double>::value) {
+            if (Planes)
+                kelmLUDecomp_ma_64f(x.planes.data(), e, e * 4 * c, e * c, piv.data(), x.out.data(), e, e * 4 * c, e * c, 4, c);
+            else
+                kelmLUDecomp_ma_64f(x.packed.data(), 16 * e, 4 * e, e, piv.data(), x.out.data(), 16 * e, 4 * e, e, 4, c);
+        } else {
+            if (Planes)
+                kelmLUDecomp_ma_32f(x.planes.data(), e, e * 4 * c, e * c, piv.data(), x.out.data(), e, e * 4 * c, e * c, 4, c);
+            else
+                kelmLUDecomp_ma_32f(x.packed.data(), 16 * e, 4 * e, e, piv.data(), x.out.data(), 16 * e, 4 * e, e, 4, c);
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, c, 32 * e);
+}
+
 }  // namespace
 
 BENCHMARK_TEMPLATE(KelmPlanesS, float)->Arg(1000)->Arg(1000000);
@@ -358,3 +384,7 @@ BENCHMARK_TEMPLATE(KelmInvert4x4F32, true)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmInvert4x4F32, false)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmCholesky4x4F32, true)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmCholesky4x4F32, false)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmLUDecomp4x4, double, true)->Arg(1000)->Arg(1000000);
+BENCHMARK_TEMPLATE(KelmLUDecomp4x4, double, false)->Arg(1000)->Arg(1000000);
+BENCHMARK_TEMPLATE(KelmLUDecomp4x4, float, true)->Arg(1000);
+BENCHMARK_TEMPLATE(KelmLUDecomp4x4, float, false)->Arg(1000);

@@ -23,6 +23,12 @@ struct Lanes {
     friend Lanes operator-(Lanes a, Lanes b) { return a.p - b.p; }
     friend Lanes operator*(Lanes a, Lanes b) { return a.p * b.p; }
     friend Lanes operator/(Lanes a, Lanes b) { return a.p / b.p; }
+    // Magnitudes, an ordered comparison (false where either is a NaN) and
+    // equality as lane masks, and a choice by mask: mask ? a : b, lane by lane.
+    friend Lanes abs(Lanes a) { return simd::abs(a.p); }
+    friend Lanes greater(Lanes a, Lanes b) { return simd::greater(a.p, b.p); }
+    friend Lanes equal(Lanes a, Lanes b) { return simd::equal(a.p, b.p); }
+    friend Lanes select(Lanes mask, Lanes a, Lanes b) { return simd::select(mask.p, a.p, b.p); }
     // Object l's value.
     E lane(int l) const
     {

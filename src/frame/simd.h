@@ -13,6 +13,7 @@
 
 #include <emmintrin.h>
 #include <pmmintrin.h>
+#include <smmintrin.h>
 #include <xmmintrin.h>
 
 #include <cmath>
@@ -238,6 +239,25 @@ inline Row<Isa, T, W> operator*(const Row<Isa, T, W>& r, Pack<Isa, T> s)
     Row<Isa, T, W> out;
     for (int k = 0; k < Row<Isa, T, W>::kPacks; ++k) out.p[k] = r.p[k] * s;
     return out;
+}
+
+// ---- Masks and choices -------------------------------------------------------------
+
+// Magnitude (the sign bit cleared, a NaN stays a NaN), ordered a > b and
+// a == b as all-ones lanes, and mask ? a : b lane by lane.
+inline Pack<Sse, float> abs(Pack<Sse, float> a) { return {_mm_andnot_ps(_mm_set1_ps(-0.0f), a.v)}; }
+inline Pack<Sse, double> abs(Pack<Sse, double> a) { return {_mm_andnot_pd(_mm_set1_pd(-0.0), a.v)}; }
+inline Pack<Sse, float> greater(Pack<Sse, float> a, Pack<Sse, float> b) { return {_mm_cmpgt_ps(a.v, b.v)}; }
+inline Pack<Sse, double> greater(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmpgt_pd(a.v, b.v)}; }
+inline Pack<Sse, float> equal(Pack<Sse, float> a, Pack<Sse, float> b) { return {_mm_cmpeq_ps(a.v, b.v)}; }
+inline Pack<Sse, double> equal(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmpeq_pd(a.v, b.v)}; }
+inline Pack<Sse, float> select(Pack<Sse, float> m, Pack<Sse, float> a, Pack<Sse, float> b)
+{
+    return {_mm_blendv_ps(b.v, a.v, m.v)};
+}
+inline Pack<Sse, double> select(Pack<Sse, double> m, Pack<Sse, double> a, Pack<Sse, double> b)
+{
+    return {_mm_blendv_pd(b.v, a.v, m.v)};
 }
 
 // ---- Inverse square root -------------------------------------------------------
