@@ -54,42 +54,41 @@ KelStatus addP(const double* const* a, int ar, int a0, const double* const* b, i
     return kelmAdd_mama_64f_P(a, ar, a0, b, br, b0, d, dr, d0, kN, kN, c);
 }
 
+// Runs `call` on fresh planes once per iteration; reports time per object.
+template <class T, class F>
+void timed(benchmark::State& state, const F& call)
+{
+    Planes<T> x(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        call(x, static_cast<int>(sizeof(T)));
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * sizeof(T));
+}
+
 template <class T>
 void KelmPlanesS(benchmark::State& state)
 {
-    Planes<T> x(static_cast<int>(state.range(0)));
-    const int e = sizeof(T), s2 = e * x.count, s1 = s2 * kN;
-    for (auto _ : state) {
+    timed<T>(state, [](Planes<T>& x, int e) {
+        const int s2 = e * x.count, s1 = s2 * kN;
         addS(x.a.data(), e, s1, s2, x.b.data(), e, s1, s2, x.d.data(), e, s1, s2, x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kPos * e);
+    });
 }
 
 template <class T>
 void KelmPlanesP(benchmark::State& state)
 {
-    Planes<T> x(static_cast<int>(state.range(0)));
-    const int e = sizeof(T);
-    for (auto _ : state) {
-        addP(x.ta.data(), 0, e, x.tb.data(), 0, e, x.td.data(), 0, e, x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kPos * e);
+    timed<T>(state, [](Planes<T>& x, int e) { addP(x.ta.data(), 0, e, x.tb.data(), 0, e, x.td.data(), 0, e, x.count); });
 }
 
 // The same arrays as packed objects: object n at [n * 16].
 template <class T>
 void KelmObjectsS(benchmark::State& state)
 {
-    Planes<T> x(static_cast<int>(state.range(0)));
-    const int e = sizeof(T);
-    for (auto _ : state) {
+    timed<T>(state, [](Planes<T>& x, int e) {
         addS(x.a.data(), e * kPos, e * kN, e, x.b.data(), e * kPos, e * kN, e, x.d.data(), e * kPos, e * kN, e,
              x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kPos * e);
+    });
 }
 
 void KelmObjectsL(benchmark::State& state)
@@ -202,36 +201,26 @@ KelStatus mulS(const double* a, int a0, int a1, int a2, const double* b, int b0,
 template <class T>
 void KelmMulPlanesS(benchmark::State& state)
 {
-    Planes<T> x(static_cast<int>(state.range(0)));
-    const int e = sizeof(T), s2 = e * x.count, s1 = s2 * kN;
-    for (auto _ : state) {
+    timed<T>(state, [](Planes<T>& x, int e) {
+        const int s2 = e * x.count, s1 = s2 * kN;
         mulS(x.a.data(), e, s1, s2, x.b.data(), e, s1, s2, x.d.data(), e, s1, s2, x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kPos * e);
+    });
 }
 
 void KelmMulPlanesP(benchmark::State& state)
 {
-    Planes<float> x(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
-        kelmMul_mama_32f_P(x.ta.data(), 0, 4, kN, kN, x.tb.data(), 0, 4, kN, kN, x.td.data(), 0, 4, x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kPos * 4);
+    timed<float>(state, [](Planes<float>& x, int e) {
+        kelmMul_mama_32f_P(x.ta.data(), 0, e, kN, kN, x.tb.data(), 0, e, kN, kN, x.td.data(), 0, e, x.count);
+    });
 }
 
 template <class T>
 void KelmMulObjectsS(benchmark::State& state)
 {
-    Planes<T> x(static_cast<int>(state.range(0)));
-    const int e = sizeof(T);
-    for (auto _ : state) {
+    timed<T>(state, [](Planes<T>& x, int e) {
         mulS(x.a.data(), e * kPos, e * kN, e, x.b.data(), e * kPos, e * kN, e, x.d.data(), e * kPos, e * kN, e,
              x.count);
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, x.count, 3 * kPos * e);
+    });
 }
 
 // The product over planes as a user writes it: each dst plane a sum of
