@@ -9,7 +9,9 @@
 // ascending order, each element stored before the next is read.  Packed
 // vectors are otherwise read and written four floats (two doubles) at a
 // time, the last partial group touching exactly the remaining elements;
-// lengths 3 to 6 in straight-line code.
+// lengths 3 to 6 in straight-line code.  Vectors side by side (interleaved
+// S, P over planes; lengths up to 8) that overlap nothing go a pack of
+// objects at a time.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +19,7 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 #include "vector/sums.h"
@@ -81,8 +84,29 @@ struct CombineKernel {
     template <class A, class B, class D>
     KelStatus operator()(int32_t count, void*, const A& a, const B& b, const D& d) const
     {
+        if constexpr (D::array && lanesPossible<A>() && lanesPossible<B>() && lanesPossible<D>()) {
+            if (len <= kLaneMaxSide && sideBySide(a) && sideBySide(b) && sideBySide(d) &&
+                !overlapsSources(d, count, len, 1, a, b)) {
+                lanes(count, a, b, d);
+                return kelStsNoErr;
+            }
+        }
         byPath([&](auto w) { run<decltype(w)::value>(count, a, b, d); }, a, b, d);
         return kelStsNoErr;
+    }
+
+    // Vectors side by side: element i of a pack of objects at once.
+    template <class A, class B, class D>
+    void lanes(int32_t count, const A& a, const B& b, const D& d) const
+    {
+        const LaneOperand<Isa, A> la(a, 1, len);
+        const LaneOperand<Isa, B> lb(b, 1, len);
+        const LaneOperand<Isa, D> ld(d, 1, len);
+        const Op f = op;
+        for (int32_t i = 0; i < len; ++i)
+            forLanes<T, 2>(count, [&](int32_t n, int k) {
+                ld.store(0, i, n, f(la.load(0, i, n, k), lb.load(0, i, n, k)), k);
+            });
     }
 
     // Packed vectors of N elements (3 to 6) in straight-line code.
