@@ -7,6 +7,8 @@
 // +0.0 in ascending order, except packed 32f calls with both vectors of the
 // same kind (single and single, array and array): they take the lane sum,
 // whose rounding depends on where each object's second vector lies.
+// Vectors side by side (interleaved S, P over planes) go a pack of objects
+// at a time, each lane's sum in the order its path gives it.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +16,8 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "frame/lanesum.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -37,8 +41,37 @@ struct DotKernel {
     template <class A, class B>
     KelStatus operator()(int32_t count, void*, const A& a, const B& b, const Dense<T>& d) const
     {
+        if constexpr (lanesPossible<A>() && lanesPossible<B>() && (A::array || B::array)) {
+            if (len <= kLaneMaxSide && sideBySide(a) && sideBySide(b) && sideBySide(d)) {
+                if constexpr (A::desc == Desc::P) {
+                    lanes<Path::Table>(count, a, b, d);
+                    return kelStsNoErr;
+                } else if (pathOf(a, b) == Path::Strided) {
+                    lanes<Path::Strided>(count, a, b, d);
+                    return kelStsNoErr;
+                }
+            }
+        }
         byPath([&](auto w) { run<decltype(w)::value>(count, a, b, d); }, a, b);
         return kelStsNoErr;
+    }
+
+    // Vectors side by side: a pack of objects at once, each lane's sum in
+    // the order of path W (strided S or P), which the call takes otherwise.
+    template <Path W, class A, class B>
+    void lanes(int32_t count, const A& a, const B& b, const Dense<T>& d) const
+    {
+        using L = simd::Lanes<T>;
+        constexpr Order order = straightOrder<W, A, B>();
+        const LaneOperand<simd::Sse, A> x(a, 1, len);
+        const LaneOperand<simd::Sse, B> y(b, 1, len);
+        const int32_t n = len;
+        forLanes<T>(count, [&](int32_t first, int k) {
+            auto term = [&](int32_t i) { return L(x.load(0, i, first, k)) * L(y.load(0, i, first, k)); };
+            const L s = straightLength(n) ? straightSum<L>(n, order, term) : plainSum<L>(n, term);
+            if (k == simd::kLanes<T>) s.p.store(d.at(first));
+            else s.p.storePart(d.at(first), k);
+        });
     }
 
     // Packed float arrays of 3 or 4 elements, four objects in lanes: each
