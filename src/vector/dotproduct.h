@@ -44,10 +44,10 @@ struct DotKernel {
         if constexpr (lanesPossible<A>() && lanesPossible<B>() && (A::array || B::array)) {
             if (len <= kLaneMaxSide && sideBySide(a) && sideBySide(b) && sideBySide(d)) {
                 if constexpr (A::desc == Desc::P) {
-                    lanes<Path::Table>(count, a, b, d);
+                    byLanes<Path::Table>(count, a, b, d);
                     return kelStsNoErr;
                 } else if (pathOf(a, b) == Path::Strided) {
-                    lanes<Path::Strided>(count, a, b, d);
+                    byLanes<Path::Strided>(count, a, b, d);
                     return kelStsNoErr;
                 }
             }
@@ -59,7 +59,7 @@ struct DotKernel {
     // Vectors side by side: a pack of objects at once, each lane's sum in
     // the order of path W (strided S or P), which the call takes otherwise.
     template <Path W, class A, class B>
-    void lanes(int32_t count, const A& a, const B& b, const Dense<T>& d) const
+    void byLanes(int32_t count, const A& a, const B& b, const Dense<T>& d) const
     {
         using L = simd::Lanes<T>;
         constexpr Order order = straightOrder<W, A, B>();

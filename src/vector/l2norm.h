@@ -4,7 +4,8 @@
 // Lengths 3 to 6 add the squares in pairs, (x0^2 + x1^2) + (x2^2 + x3^2) and
 // so on.  Other lengths sum from +0.0 in ascending order, except a single
 // packed 32f vector, which takes the lane sum of its squares (its rounding
-// depends on where the vector lies).
+// depends on where the vector lies).  Vectors side by side (interleaved S,
+// P over planes) go a pack of objects at a time.
 #pragma once
 
 #include <cmath>
@@ -13,6 +14,8 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "frame/lanesum.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -27,6 +30,12 @@ struct NormKernel {
     template <class A>
     KelStatus operator()(int32_t count, void*, const A& a, const Dense<T>& d) const
     {
+        if constexpr (A::array && lanesPossible<A>()) {
+            if (len <= kLaneMaxSide && sideBySide(a) && sideBySide(d)) {
+                byLanes(count, a, d);
+                return kelStsNoErr;
+            }
+        }
         byPath([&](auto w) { run<decltype(w)::value>(count, a, d); }, a);
         return kelStsNoErr;
     }
@@ -57,6 +66,26 @@ struct NormKernel {
                 if constexpr (N == 6) s = s + (column(n, 4) + column(n, 5));
                 return simd::sqrt(s);
             });
+    }
+
+    // Vectors side by side: the same sums and square roots for a pack of
+    // objects at once.
+    template <class A>
+    void byLanes(int32_t count, const A& a, const Dense<T>& d) const
+    {
+        using L = simd::Lanes<T>;
+        const LaneOperand<simd::Sse, A> x(a, 1, len);
+        const int32_t n = len;
+        forLanes<T>(count, [&](int32_t first, int k) {
+            auto term = [&](int32_t i) {
+                const L v = x.load(0, i, first, k);
+                return v * v;
+            };
+            const L s = straightLength(n) ? straightSum<L>(n, Order::Pairs, term) : plainSum<L>(n, term);
+            const auto r = simd::sqrt(s.p);
+            if (k == simd::kLanes<T>) r.store(d.at(first));
+            else r.storePart(d.at(first), k);
+        });
     }
 
     template <Path W, class A>
