@@ -628,13 +628,16 @@ KT_FAMILY("AffineTransform3DH", FamilyHooks{shape3DH, {}, {}, fill3DH, nullptr, 
                                             }});
 
 // Vectors whose w is 0, -0, FLT_MIN, a NaN or a denormal saturate and set
-// the status; the others are transformed; in every layout and team size.
+// the status; the others are transformed; in every layout (vectors side by
+// side too) and team size.
 TEST(Transform3DH, SmallWSaturatesAndTheRestGoOn)
 {
     const Member& m = member("kelmAffineTransform3DH_mva_32f");
     const float bad[] = {0.0f, -0.0f, FLT_MIN, -FLT_MIN, kNaN, 1e-39f};
     forEachTeamSize([&](int) {
-        sweep(m, withCounts(m, {{}}, {7, 140, 1001}), everyForm(), 11, [&](Case& s) {
+        std::vector<Form> forms = everyForm();
+        forms.push_back(Form::Planes);
+        sweep(m, withCounts(m, {{}}, {7, 140, 1001}), forms, 11, [&](Case& s) {
             // w = x: row 3 is (1, 0, 0, 0).
             for (int j = 0; j < 4; ++j) s.ops[0].set(0, 3, j, j == 0);
             for (int n = 0; n < s.ops[1].objects; ++n) {

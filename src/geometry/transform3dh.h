@@ -7,13 +7,16 @@
 // ((m0*x + m3) + m1*y) + m2*z.  Row 3, w, is summed like the others.  A
 // vector with |w| not above the smallest normal float gets the largest
 // float in its three components and the call reports kelStsDivideByZero,
-// but goes on with the next vector.
+// but goes on with the next vector.  Vectors side by side (interleaved S, P
+// over planes) take the strided sums four vectors at a time.
 #pragma once
 
 #include <cfloat>
 #include <cmath>
 
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "geometry/transforms.h"
 
 namespace kel::geometry {
@@ -34,10 +37,44 @@ inline bool divideByW(const float q[4], float out[3])
 }
 
 struct Transform3DH {
+    // Row r of the matrix times (x, y, z, 1) as the strided kernel sums it.
+    template <class X>
+    static X stridedSum(const X (&r)[4], X x, X y, X z)
+    {
+        return ((r[0] * x + r[3]) + r[1] * y) + r[2] * z;
+    }
+
     template <class M, class V, class D>
     KelStatus operator()(int32_t count, void*, const M& m, const V& src, const D& dst) const
     {
-        return allPacked(m, src, dst) ? packed(count, m, src, dst) : strided(count, m, src, dst);
+        if (allPacked(m, src, dst)) return packed(count, m, src, dst);
+        if (sideBySide(src) && sideBySide(dst)) return lanes(count, m, src, dst);
+        return strided(count, m, src, dst);
+    }
+
+    // Vectors side by side: the strided kernel's sums for four vectors at
+    // once, a small w saturating its own lane only.
+    template <class M, class V, class D>
+    static KelStatus lanes(int32_t count, const M& m, const V& src, const D& dst)
+    {
+        using L = simd::Lanes<float>;
+        L a[4][4];
+        for (int i = 0; i < 4; ++i)
+            for (int j = 0; j < 4; ++j) a[i][j] = L(m.get(0, i, j));
+        const LaneOperand<simd::Sse, V> in(src, 1, 3);
+        const LaneOperand<simd::Sse, D> out(dst, 1, 3);
+        const L smallest(kSmallestW), largest(FLT_MAX), one(1.0f);
+        bool saturated = false;
+        forLanes<float>(count, [&](int32_t n, int k) {
+            const L x = in.load(0, 0, n, k), y = in.load(0, 1, n, k), z = in.load(0, 2, n, k);
+            L q[4];
+            for (int i = 0; i < 4; ++i) q[i] = stridedSum(a[i], x, y, z);
+            const L ok = greater(abs(q[3]), smallest);
+            const L inv = one / q[3];
+            for (int i = 0; i < 3; ++i) out.store(0, i, n, select(ok, q[i] * inv, largest).p, k);
+            for (int l = 0; l < k; ++l) saturated = saturated || !(std::fabs(q[3].lane(l)) > kSmallestW);
+        });
+        return saturated ? kelStsDivideByZero : kelStsNoErr;
     }
 
     template <class M, class V, class D>
@@ -50,7 +87,7 @@ struct Transform3DH {
         for (int32_t n = 0; n < count; ++n) {
             const float x = src.get(n, 0, 0), y = src.get(n, 0, 1), z = src.get(n, 0, 2);
             float q[4], out[3];
-            for (int i = 0; i < 4; ++i) q[i] = ((a[i][0] * x + a[i][3]) + a[i][1] * y) + a[i][2] * z;
+            for (int i = 0; i < 4; ++i) q[i] = stridedSum(a[i], x, y, z);
             if (!divideByW(q, out)) st = kelStsDivideByZero;
             for (int i = 0; i < 3; ++i) dst.put(n, 0, i, out[i]);
         }
