@@ -14,7 +14,8 @@
 // vectors (mva) reads the matrix once and multiplies by reciprocals of the
 // diagonal computed once; a single system (mv) and one matrix per vector
 // (mava) divide.  Every other order runs the general loop with dst as its
-// work vector (dst must then not be src2).
+// work vector (dst must then not be src2).  One matrix against vectors side
+// by side (interleaved S, P over planes) solves a pack of vectors at once.
 #pragma once
 
 #include <cstdint>
@@ -22,6 +23,8 @@
 
 #include "factor/lu.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "frame/view.h"
 
 namespace kel::factor {
@@ -111,9 +114,53 @@ struct LuBackSubstKernel {
         }
     }
 
+    // One matrix for vectors side by side: the mva solve of fixed() for a
+    // pack of vectors at once (the shared table reads whole planes of b).
+    template <int N, Path W, class M, class B, class X>
+    static void sharedLanes(int32_t count, const M& src, const B& src2, const Dense<const int>& piv, const X& dst)
+    {
+        using T = typename X::Elem;
+        using L = simd::Lanes<T>;
+        const int32_t* p = piv.at(0);
+        const auto s = cursor<W>(src, 0);
+        L m[N][N], rd[N];
+        for (int k = 0; k < N; ++k)
+            for (int j = 0; j < N; ++j) m[k][j] = L(s.get(p[k], j));
+        for (int i = 0; i < N; ++i) rd[i] = L(T(1) / s.get(p[i], i));
+        const LaneOperand<simd::Sse, B> b(src2, 1, N);
+        const LaneOperand<simd::Sse, X> x(dst, 1, N);
+        auto a = [&](int k, int j) { return m[k][j]; };
+        auto scale = [&](int i, L v) { return v * rd[i]; };
+        forLanes<T>(count, [&](int32_t first, int k) {
+            struct {
+                const LaneOperand<simd::Sse, B>& b;
+                int32_t first;
+                int k;
+                L get(int, int i) const { return b.load(0, i, first, k); }
+            } const in{b, first, k};
+            struct {
+                const LaneOperand<simd::Sse, X>& x;
+                int32_t first;
+                int k;
+                void put(int, int i, L v) const { x.store(0, i, first, v.p, k); }
+            } const out{x, first, k};
+            solveFixed<N, L>(a, p, in, scale, out);
+        });
+    }
+
     template <Path W, class M, class B, class X>
     void bySize(int32_t count, const M& src, const B& src2, const Dense<const int>& piv, const X& dst) const
     {
+        if constexpr (!M::array && X::array && lanesPossible<B>() && lanesPossible<X>() && W != Path::Rows) {
+            if (n >= 3 && n <= 6 && sideBySide(src2) && sideBySide(dst)) {
+                switch (n) {
+                case 3: return sharedLanes<3, W>(count, src, src2, piv, dst);
+                case 4: return sharedLanes<4, W>(count, src, src2, piv, dst);
+                case 5: return sharedLanes<5, W>(count, src, src2, piv, dst);
+                default: return sharedLanes<6, W>(count, src, src2, piv, dst);
+                }
+            }
+        }
         using T = typename X::Elem;
         switch (n) {
         case 3: return fixed<3, W>(count, src, src2, piv, dst);
