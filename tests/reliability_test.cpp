@@ -166,10 +166,11 @@ TEST_P(Reliability, FrozenResultsAtEveryThreadCount)
 // ---- objects side by side -------------------------------------------------------
 
 // With the objects of every S and P array one element apart (interleaved S,
-// P over planes), a member whose family has a model gives the model's bits
-// at counts that leave every remainder of four and of two objects, and at
-// 1001, and at every size from 1 to 8; at every team size; and in place for the element-wise families,
-// whose results are defined in place (dst equal to a source, same layout).
+// P over planes), a member whose family has a model gives the model's bits:
+// at counts that leave every remainder of four and of two objects, at 1001,
+// at every size from 1 to 8, at every team size, and in place for the
+// element-wise families (whose results are defined with dst equal to a
+// source in the same layout).
 TEST_P(Reliability, ObjectsSideBySideGiveTheModelsBits)
 {
     const Member& m = member(GetParam());
