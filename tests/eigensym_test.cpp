@@ -439,7 +439,9 @@ void runSpecial(const Special& c, Form form)
     const Operand& w = s.ops[valuesGroup(m)];
     const auto before = w.arena;
     ASSERT_EQ(s.run(), c.status) << c.member;
-    if (c.values.empty() && c.status == kelStsSingular) EXPECT_TRUE(w.arena == before) << c.member << ": values written";
+    if (c.values.empty() && c.status == kelStsSingular) {
+        EXPECT_TRUE(w.arena == before) << c.member << ": values written";
+    }
     for (size_t i = 0; i < c.values.size(); ++i) EXPECT_EQ(w.get(0, 0, int(i)), c.values[i]) << c.member << " " << i;
 }
 
