@@ -83,6 +83,21 @@ def test_eigh(dtype, n):
         kelm.eigh(a, UPLO="X")
 
 
+def test_eigh_where_single_precision_stalls():
+    # kelm's float iteration stops short of its absolute tolerance on this
+    # matrix (NoConvergence); eigh solves it again in double precision.
+    needs("kelmEigenValuesVectorsSym_ma_32f", "kelmEigenValuesVectorsSym_ma_64f")
+    a = np.array([[1.6023626, -0.90545094, 1.1150975], [-0.90545094, -0.06347565, 0.37390593],
+                  [1.1150975, 0.37390593, 1.0967207]], np.float32)
+    stack = np.stack([np.eye(3, dtype=np.float32), a, 2 * np.eye(3, dtype=np.float32)])
+    assert kelm.eigh(stack, errors="mask")[1].tolist() == [False] * 3
+    w, v = kelm.eigh(stack)
+    assert w.dtype == np.float32
+    close(w, np.linalg.eigvalsh(stack.astype(np.float64)).astype(np.float32), np.float32, scale=3, factor=16)
+    close(stack @ v, v * w[..., None, :], np.float32, scale=3, factor=64)
+    close(kelm.eigvalsh(stack), w, np.float32, scale=3, factor=16)
+
+
 @pytest.mark.parametrize("dtype", DTYPES)
 @pytest.mark.parametrize("n", SIZES)
 def test_eig_real_and_complex(dtype, n):
