@@ -13,7 +13,12 @@
 #include <numpy/arrayobject.h>
 
 #include <cstdint>
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "kelcore.h"
 #include "kelm.h"
@@ -147,6 +152,390 @@ PyObject* version(PyObject*, PyObject*)
                          v->buildDate);
 }
 
+// -- Recipes: the common call without the Python engine ---------------------
+//
+// A recipe is one numpy-level operation as a few member calls over operands
+// whose object shapes are named by letters ("nk", "km" -> "nm").  Calling it
+// with the input arrays runs the members straight from here when the call is
+// the plain case: exact ndarrays of one native float type, the same stack
+// shape (no broadcasting), stack axes that merge into one array axis with a
+// positive stride, object strides of positive whole elements, no empty axis,
+// every byte offset within 31 bits, and every member returning status 0.
+// Otherwise it returns None and the Python engine does the call (and raises
+// what it must), so the recipe changes how fast a result comes, never which
+// result: it picks the members the engine picks (the array forms when more
+// than one object moves, the single forms otherwise) and allocates results
+// as the engine does, C-contiguous.
+
+enum GroupKind { kMatrix, kMatrixArray, kVector, kVectorArray, kRun, kBuffer, kSize, kCount };
+
+struct GroupArg {
+    GroupKind kind;
+    int operand;  // index into the recipe's operands, or the dimension letter of a size
+};
+
+struct Operand {
+    char role;             // 'i' input, 'o' result, 't' temporary, 'b' scratch
+    bool int32;            // a table of int32 (pivots) instead of the call's floats
+    char dims[4];          // letters of the object's axes
+    int core;              // number of object axes
+    long long buf[3];      // scratch: elements = buf[0]*n*n + buf[1]*n + buf[2]
+    char bufLetter;
+    bool run;              // some member takes it as a plain run
+};
+
+struct Step {
+    int member[2][2];                  // [float, double][single, array], -1 when absent
+    std::vector<GroupArg> args[2][2];  // the member's arguments, group by group
+};
+
+struct Recipe {
+    PyObject_HEAD
+    vectorcallfunc vectorcall;
+    std::vector<Operand>* ops;
+    std::vector<Step>* steps;
+    int inputs;
+};
+
+constexpr int kMaxOps = 8;
+bool recipesOn = true;   // off: every recipe returns None (tests compare both roads)
+
+// Parses one member's group string against the step's operand map.
+bool parseGroups(const kp::Member& m, PyObject* opmap, PyObject* sizes, std::vector<Operand>& ops,
+                 std::vector<GroupArg>& out)
+{
+    const char* g = m.groups;
+    Py_ssize_t k = 0;
+    while (*g) {
+        while (*g == ' ') ++g;
+        if (!*g) break;
+        const char* end = g;
+        while (*end && *end != ' ') ++end;
+        std::string word(g, end);
+        g = end;
+        const auto colon = word.find(':');
+        if (colon == std::string::npos) {
+            if (word == "count") {
+                out.push_back({kCount, 0});
+                continue;
+            }
+            PyObject* letter = PyDict_GetItemString(sizes, word.c_str());
+            if (!letter || !PyUnicode_Check(letter) || PyUnicode_GET_LENGTH(letter) != 1) {
+                PyErr_Format(PyExc_ValueError, "%s: no dimension letter for the size %s", m.name, word.c_str());
+                return false;
+            }
+            out.push_back({kSize, static_cast<int>(PyUnicode_READ_CHAR(letter, 0))});
+            continue;
+        }
+        const std::string kind = word.substr(0, colon);
+        if (k >= PyTuple_GET_SIZE(opmap)) {
+            PyErr_Format(PyExc_ValueError, "%s: more operand groups than the recipe maps", m.name);
+            return false;
+        }
+        const long op = PyLong_AsLong(PyTuple_GET_ITEM(opmap, k++));
+        if (op < 0 || op >= static_cast<long>(ops.size())) {
+            PyErr_Format(PyExc_ValueError, "%s: the recipe maps a group to no operand", m.name);
+            return false;
+        }
+        GroupKind gk;
+        if (kind == "m" || kind == "t") gk = kMatrix;
+        else if (kind == "ma" || kind == "ta") gk = kMatrixArray;
+        else if (kind == "v") gk = kVector;
+        else if (kind == "va") gk = kVectorArray;
+        else if (kind == "out" || kind == "piv" || kind == "cpiv") {
+            gk = kRun;
+            ops[op].run = true;
+        }
+        else if (kind == "buf") gk = kBuffer;
+        else {
+            PyErr_Format(PyExc_ValueError, "%s: a recipe cannot pass a group of kind %s", m.name, kind.c_str());
+            return false;
+        }
+        out.push_back({gk, static_cast<int>(op)});
+    }
+    return true;
+}
+
+void recipeDealloc(Recipe* r)
+{
+    delete r->ops;
+    delete r->steps;
+    Py_TYPE(r)->tp_free(reinterpret_cast<PyObject*>(r));
+}
+
+// One operand as the members see it.
+struct Bound {
+    char* base = nullptr;
+    long long s0 = 0, s1 = 0, s2 = 0;
+    PyArrayObject* arr = nullptr;  // owned for results and temporaries
+};
+
+bool evenStack(PyArrayObject* a, int stackNd, long long* s0)
+{
+    // The stack axes of length > 1 must step evenly: each outer stride is
+    // the inner one times the inner length.
+    long long inner = 0, span = 0;
+    for (int k = stackNd - 1; k >= 0; --k) {
+        const npy_intp n = PyArray_DIM(a, k);
+        if (n == 1) continue;
+        const npy_intp st = PyArray_STRIDE(a, k);
+        if (inner == 0) {
+            if (st <= 0) return false;
+            inner = st;
+            span = st * n;
+        } else {
+            if (st != span) return false;
+            span *= n;
+        }
+    }
+    *s0 = inner;
+    return true;
+}
+
+// Strides of the object axes as the library takes them: a length-1 axis
+// gets a stride it accepts.  False when an axis steps backwards, repeats or
+// is not whole elements.
+bool objectStrides(PyArrayObject* a, int core, long long item, long long* s1, long long* s2, long long* extent)
+{
+    const int nd = PyArray_NDIM(a);
+    long long n[2] = {1, 1}, s[2] = {item, item};
+    for (int c = 0; c < core; ++c) {
+        n[2 - core + c] = PyArray_DIM(a, nd - core + c);
+        s[2 - core + c] = PyArray_STRIDE(a, nd - core + c);
+    }
+    *extent = item;
+    for (int c = 0; c < 2; ++c) {
+        if (n[c] == 1) continue;
+        if (s[c] <= 0 || s[c] % item) return false;
+        *extent += (n[c] - 1) * s[c];
+    }
+    if (n[1] <= 1) s[1] = item;
+    if (n[0] <= 1) s[0] = std::max(s[1] * std::max<long long>(n[1], 1), item);
+    *s1 = s[0];
+    *s2 = s[1];
+    return true;
+}
+
+PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* kwnames)
+{
+    const Py_ssize_t argc = PyVectorcall_NARGS(nargsf);
+    if (!recipesOn || kwnames || argc != r->inputs) Py_RETURN_NONE;
+    const std::vector<Operand>& ops = *r->ops;
+    const int nops = static_cast<int>(ops.size());
+    // Inputs: one native float type, one stack shape.
+    int type = -1, stackNd = -1;
+    PyArrayObject* first = nullptr;
+    long long dim[128] = {0};
+    for (Py_ssize_t i = 0; i < argc; ++i) {
+        if (!PyArray_CheckExact(argv[i])) Py_RETURN_NONE;
+        PyArrayObject* a = reinterpret_cast<PyArrayObject*>(argv[i]);
+        const int t = PyArray_TYPE(a);
+        if ((t != NPY_FLOAT && t != NPY_DOUBLE) || (type >= 0 && t != type) || !PyArray_ISNOTSWAPPED(a) ||
+            !PyArray_ISALIGNED(a))
+            Py_RETURN_NONE;
+        type = t;
+        const Operand& op = ops[i];
+        const int nd = PyArray_NDIM(a) - op.core;
+        if (nd < 0 || (stackNd >= 0 && nd != stackNd)) Py_RETURN_NONE;
+        stackNd = nd;
+        if (first && !PyArray_CompareLists(PyArray_DIMS(a), PyArray_DIMS(first), nd)) Py_RETURN_NONE;
+        first = a;
+        for (int c = 0; c < op.core; ++c) {
+            const long long n = PyArray_DIM(a, nd + c);
+            long long& d = dim[static_cast<unsigned char>(op.dims[c])];
+            if (n == 0 || (d && d != n)) Py_RETURN_NONE;
+            d = n;
+        }
+    }
+    long long count = 1;
+    for (int k = 0; k < stackNd; ++k) count *= PyArray_DIM(first, k);
+    if (count == 0 || count > INT32_MAX) Py_RETURN_NONE;
+    const int arrays = count > 1;
+    const int isDouble = type == NPY_DOUBLE;
+    const long long item = isDouble ? 8 : 4;
+    for (const Step& st : *r->steps)
+        if (st.member[isDouble][arrays] < 0) Py_RETURN_NONE;
+
+    Bound bound[kMaxOps];
+    void* scratch[kMaxOps] = {nullptr};
+    PyObject* result = nullptr;
+    bool plain = true;
+    auto release = [&]() {
+        for (int i = 0; i < nops; ++i) {
+            if (ops[i].role != 'i') Py_XDECREF(bound[i].arr);
+            PyMem_Free(scratch[i]);
+        }
+    };
+    npy_intp shape[NPY_MAXDIMS];
+    for (int k = 0; k < stackNd; ++k) shape[k] = PyArray_DIM(first, k);
+    for (int i = 0; i < nops && plain; ++i) {
+        const Operand& op = ops[i];
+        Bound& b = bound[i];
+        if (op.role == 'b') {
+            const long long n = dim[static_cast<unsigned char>(op.bufLetter)];
+            scratch[i] = PyMem_Malloc(static_cast<size_t>((op.buf[0] * n * n + op.buf[1] * n + op.buf[2]) * item));
+            if (!scratch[i]) {
+                release();
+                return PyErr_NoMemory();
+            }
+            b.base = static_cast<char*>(scratch[i]);
+            continue;
+        }
+        if (op.role == 'i') {
+            b.arr = reinterpret_cast<PyArrayObject*>(argv[i]);
+        } else {
+            for (int c = 0; c < op.core; ++c) shape[stackNd + c] = dim[static_cast<unsigned char>(op.dims[c])];
+            b.arr = reinterpret_cast<PyArrayObject*>(
+                PyArray_SimpleNew(stackNd + op.core, shape, op.int32 ? NPY_INT32 : type));
+            if (!b.arr) {
+                release();
+                return nullptr;
+            }
+        }
+        const long long e = op.int32 ? 4 : item;
+        long long extent = 0;
+        plain = objectStrides(b.arr, op.core, e, &b.s1, &b.s2, &extent) && evenStack(b.arr, stackNd, &b.s0) &&
+                (!arrays || b.s0 > 0) && (count - 1) * b.s0 + extent <= INT32_MAX;
+        if (op.run && op.role == 'i')   // passed as a plain run of objects
+            plain = plain && PyArray_IS_C_CONTIGUOUS(b.arr);
+        b.base = static_cast<char*>(PyArray_DATA(b.arr));
+    }
+    KelStatus st = 0;
+    if (plain) {
+        Py_BEGIN_ALLOW_THREADS
+        for (const Step& step : *r->steps) {
+            const kp::Member& m = kp::kMembers[step.member[isDouble][arrays]];
+            kp::Slot slots[kMaxArgs];
+            int n = 0;
+            for (const GroupArg& g : step.args[isDouble][arrays]) {
+                const Bound& b = bound[g.operand];
+                switch (g.kind) {
+                case kMatrix: slots[n++].p = b.base; slots[n++].i = b.s1; slots[n++].i = b.s2; break;
+                case kMatrixArray:
+                    slots[n++].p = b.base; slots[n++].i = b.s0; slots[n++].i = b.s1; slots[n++].i = b.s2; break;
+                case kVector: slots[n++].p = b.base; slots[n++].i = b.s2; break;
+                case kVectorArray: slots[n++].p = b.base; slots[n++].i = b.s0; slots[n++].i = b.s2; break;
+                case kRun:
+                case kBuffer: slots[n++].p = b.base; break;
+                case kSize: slots[n++].i = dim[g.operand]; break;
+                case kCount: slots[n++].i = count; break;
+                }
+            }
+            st = m.call(slots);
+            if (st != 0) break;
+        }
+        Py_END_ALLOW_THREADS
+    }
+    if (plain && st == 0) {
+        int results = 0;
+        for (const Operand& op : ops) results += op.role == 'o';
+        if (results == 1) {
+            for (int i = 0; i < nops; ++i)
+                if (ops[i].role == 'o') {
+                    Py_INCREF(bound[i].arr);
+                    result = PyArray_Return(bound[i].arr);
+                }
+        } else {
+            result = PyTuple_New(results);
+            for (int i = 0, k = 0; result && i < nops; ++i)
+                if (ops[i].role == 'o') {
+                    Py_INCREF(bound[i].arr);
+                    PyTuple_SET_ITEM(result, k++, reinterpret_cast<PyObject*>(bound[i].arr));
+                }
+        }
+    }
+    release();
+    if (result || PyErr_Occurred()) return result;
+    Py_RETURN_NONE;
+}
+
+PyObject* recipeVectorcall(PyObject* self, PyObject* const* argv, size_t nargsf, PyObject* kwnames)
+{
+    return recipeCall(reinterpret_cast<Recipe*>(self), argv, nargsf, kwnames);
+}
+
+// The type's slots are filled in PyInit__native, by name.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
+PyTypeObject kRecipeType = {PyVarObject_HEAD_INIT(nullptr, 0)};
+#pragma GCC diagnostic pop
+
+// recipe(operands, steps) -> a callable
+//   operands: (role, dims, int32, buf) per operand; role 'i', 'o', 't' or
+//             'b'; buf (a, b, c, letter) for scratch of a*n*n + b*n + c
+//             elements, n the letter's dimension
+//   steps:    ((float single, float array, double single, double array)
+//             member indices, operand index per group, {size: letter})
+PyObject* recipe(PyObject*, PyObject* args)
+{
+    PyObject *opsIn, *stepsIn;
+    if (!PyArg_ParseTuple(args, "O!O!", &PyTuple_Type, &opsIn, &PyTuple_Type, &stepsIn)) return nullptr;
+    if (PyTuple_GET_SIZE(opsIn) > kMaxOps) {
+        PyErr_SetString(PyExc_ValueError, "too many operands for a recipe");
+        return nullptr;
+    }
+    auto ops = std::make_unique<std::vector<Operand>>();
+    auto steps = std::make_unique<std::vector<Step>>();
+    int inputs = 0;
+    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(opsIn); ++i) {
+        const char *role, *dims;
+        int int32;
+        long long a = 0, b = 0, c = 0;
+        const char* letter = "n";
+        if (!PyArg_ParseTuple(PyTuple_GET_ITEM(opsIn, i), "ssp|(LLLs)", &role, &dims, &int32, &a, &b, &c, &letter))
+            return nullptr;
+        Operand op{};
+        op.role = role[0];
+        op.int32 = int32;
+        op.core = static_cast<int>(std::strlen(dims));
+        if (op.core > 2 || std::strchr("iotb", op.role) == nullptr || (op.role == 'i' && i != inputs)) {
+            PyErr_SetString(PyExc_ValueError, "recipe operands: inputs first, roles i/o/t/b, at most two axes");
+            return nullptr;
+        }
+        std::memcpy(op.dims, dims, op.core);
+        op.buf[0] = a, op.buf[1] = b, op.buf[2] = c;
+        op.bufLetter = letter[0];
+        inputs += op.role == 'i';
+        ops->push_back(op);
+    }
+    for (Py_ssize_t s = 0; s < PyTuple_GET_SIZE(stepsIn); ++s) {
+        PyObject *members, *opmap, *sizes;
+        if (!PyArg_ParseTuple(PyTuple_GET_ITEM(stepsIn, s), "O!O!O!", &PyTuple_Type, &members, &PyTuple_Type,
+                              &opmap, &PyDict_Type, &sizes))
+            return nullptr;
+        if (PyTuple_GET_SIZE(members) != 4) {
+            PyErr_SetString(PyExc_ValueError, "a recipe step names four members");
+            return nullptr;
+        }
+        Step step;
+        for (int t = 0; t < 2; ++t)
+            for (int a = 0; a < 2; ++a) {
+                const long k = PyLong_AsLong(PyTuple_GET_ITEM(members, 2 * t + a));
+                if (PyErr_Occurred()) return nullptr;
+                step.member[t][a] = (k >= 0 && k < kp::kMemberCount) ? static_cast<int>(k) : -1;
+                if (step.member[t][a] >= 0 && !parseGroups(kp::kMembers[k], opmap, sizes, *ops, step.args[t][a]))
+                    return nullptr;
+            }
+        steps->push_back(std::move(step));
+    }
+    Recipe* r = PyObject_New(Recipe, &kRecipeType);
+    if (!r) return nullptr;
+    r->ops = ops.release();
+    r->steps = steps.release();
+    r->inputs = inputs;
+    r->vectorcall = recipeVectorcall;
+    return reinterpret_cast<PyObject*>(r);
+}
+
+PyObject* useRecipes(PyObject*, PyObject* o)
+{
+    const int on = PyObject_IsTrue(o);
+    if (on < 0) return nullptr;
+    const bool was = recipesOn;
+    recipesOn = on;
+    return PyBool_FromLong(was);
+}
+
 PyMethodDef kMethods[] = {
     {"members", members, METH_NOARGS, "members() -> rows (name, family, code, type, description, groups, "
                                       "argument names, argument kinds)"},
@@ -156,6 +545,10 @@ PyMethodDef kMethods[] = {
     {"set_num_threads", setNumThreads, METH_O, "set_num_threads(n): n > 0 fixes it, n <= 0 the default"},
     {"get_num_threads", getNumThreads, METH_NOARGS, "get_num_threads() -> threads a call may use"},
     {"version", version, METH_NOARGS, "version() -> the library's version record"},
+    {"recipe", recipe, METH_VARARGS, "recipe(operands, steps) -> a callable that runs the plain case of an "
+                                     "operation, or returns None"},
+    {"use_recipes", useRecipes, METH_O, "use_recipes(on) -> whether they were used: off sends every call "
+                                        "through the Python engine"},
     {nullptr, nullptr, 0, nullptr},
 };
 
@@ -167,5 +560,13 @@ PyModuleDef kModule = {PyModuleDef_HEAD_INIT, "kelm._native", "The library's mem
 PyMODINIT_FUNC PyInit__native(void)
 {
     import_array();
+    kRecipeType.tp_name = "kelm._native.Recipe";
+    kRecipeType.tp_basicsize = sizeof(Recipe);
+    kRecipeType.tp_flags = Py_TPFLAGS_DEFAULT | Py_TPFLAGS_HAVE_VECTORCALL;
+    kRecipeType.tp_dealloc = reinterpret_cast<destructor>(recipeDealloc);
+    kRecipeType.tp_call = PyVectorcall_Call;
+    kRecipeType.tp_vectorcall_offset = offsetof(Recipe, vectorcall);
+    kRecipeType.tp_doc = "The plain case of one operation, run without the Python engine.";
+    if (PyType_Ready(&kRecipeType) < 0) return nullptr;
     return PyModule_Create(&kModule);
 }

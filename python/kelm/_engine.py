@@ -21,6 +21,11 @@ member's argument groups without copying wherever the layout allows:
   whole elements, is copied into a temporary first;
 * calls are split so that every byte offset the library forms fits 31 bits.
 
+The plain case of the most used operations (one float type, one stack
+shape, layouts the library takes as they are) skips all of this: a recipe
+(:func:`recipe`) runs its members from the extension and gives None for
+anything else, which then comes here.
+
 Results that the library writes as plain runs (determinants, norms,
 eigenvalues, pivot tables) are written straight into the result when its
 layout is that run, else into a temporary that is copied over.
@@ -204,7 +209,8 @@ class Plan:
             for k in flips:
                 w = _flip(w, k)
             if len(live) < nb:
-                w = w[tuple(slice(None) if k in live else 0 for k in range(nb))]
+                # (the Ellipsis keeps a 0-d result a view, not a scalar)
+                w = w[tuple(slice(None) if k in live else 0 for k in range(nb)) + (Ellipsis,)]
             op.work = w
         # Merge neighbouring axes that every operand steps evenly.
         shape = [stack[k] for k in live]
@@ -681,3 +687,24 @@ def _view(like, address, shape, strides):
                                   "typestr": like.dtype.str, "data": (int(address), False), "version": 3}
     holder.base = like
     return np.asarray(holder)
+
+
+def recipe(operands, steps):
+    """A callable that runs the plain case of one operation in the
+    extension, or returns None (see the extension's recipe()).
+
+    operands  (role, object axes as letters[, int32][, scratch]) per
+              operand, inputs first: role "i" input, "o" result, "t"
+              temporary, "b" scratch of a*n*n + b*n + c elements given as
+              (a, b, c, letter of n)
+    steps     (family, single code, array code, operand per group,
+              {size name: letter}) per member call, in order
+    """
+    ops = tuple((o[0], o[1], len(o) > 2 and o[2] is True) + ((o[-1],) if isinstance(o[-1], tuple) else ())
+                for o in operands)
+    rows = []
+    for family, single, array, opmap, sizes in steps:
+        idx = tuple(_lib.MEMBERS[name].index if name in _lib.MEMBERS else -1
+                    for t in ("32f", "64f") for name in (f"kelm{family}_{single}_{t}", f"kelm{family}_{array}_{t}"))
+        rows.append((idx, tuple(opmap), dict(sizes)))
+    return _lib._native.recipe(ops, tuple(rows))

@@ -15,7 +15,7 @@ import numpy as np
 from numpy import linalg as _np_linalg
 
 from . import _lib
-from ._engine import Call, Op
+from ._engine import Call, Op, recipe
 from ._errors import LinAlgError, ShapeError
 from ._ops import (as_real, cast, check_errors, check_out, common_type, finish, lu_factor, matmul, out_op,
                    scalar_result, square, right_hand_sides, _lu_solve, identity)
@@ -68,6 +68,16 @@ def _lu_diagonal(a):
     return mask, sign, diag
 
 
+# Work matrix and row numbers of Invert and Det: n * (n + 1) + 2 elements.
+_DET = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "")], [("Det", "m", "ma", (0, 1, 2), {"size": "n"})])
+_INV = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "nn")],
+              [("Invert", "m", "ma", (0, 1, 2), {"size": "n"})])
+# LU factors and pivots in temporaries, then the solve.
+_SOLVE = recipe([("i", "nn"), ("i", "n"), ("t", "nn"), ("t", "n", True), ("o", "n")],
+                [("LUDecomp", "m", "ma", (0, 3, 2), {"size": "n"}),
+                 ("LUBackSubst", "mv", "mava", (2, 3, 1, 4), {"size": "n"})])
+
+
 def det(a):
     """Determinants of a stack of square matrices (..., n, n) -> (...,); a
     numpy scalar of the input's float type for one matrix; 1.0 for 0x0.
@@ -80,6 +90,9 @@ def det(a):
     >>> kelm.det([[1., 2.], [3., 4.]])
     -2.0000000000000004
     """
+    r = _DET(a)
+    if r is not None:
+        return r
     a = square(as_real(a, "a"), "a")
     n = a.shape[-1]
     stack = a.shape[:-2]
@@ -135,6 +148,10 @@ def inv(a, out=None, *, errors="raise"):
     array([[0.5 , 0.  ],
            [0.  , 0.25]])
     """
+    if out is None and errors == "raise":
+        r = _INV(a)
+        if r is not None:
+            return r
     check_errors(errors)
     a = square(as_real(a, "a"), "a")
     n = a.shape[-1]
@@ -170,6 +187,10 @@ def solve(a, b, *, errors="raise"):
     >>> kelm.solve([[2., 0.], [0., 4.]], [2., 4.])
     array([1., 1.])
     """
+    if errors == "raise":
+        r = _SOLVE(a, b)
+        if r is not None:
+            return r
     check_errors(errors)
     a = square(as_real(a, "a"), "a")
     b = as_real(b, "b")

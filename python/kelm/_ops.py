@@ -12,7 +12,7 @@ receives the result in place, with any strides.
 import numpy as np
 
 from . import _lib
-from ._engine import Call, Op
+from ._engine import Call, Op, recipe
 from ._errors import ShapeError
 
 __all__ = ["add", "subtract", "matmul", "matvec", "scale", "gaxpy", "transpose", "identity", "lu_factor",
@@ -181,6 +181,10 @@ def _elementwise_vectors(family, a, b, out, dt, commutes):
     return finish(res, out)
 
 
+_ADD = recipe([("i", "hw"), ("i", "hw"), ("o", "hw")], [("Add", "mm", "mama", (0, 1, 2), {"width": "w", "height": "h"})])
+_SUB = recipe([("i", "hw"), ("i", "hw"), ("o", "hw")], [("Sub", "mm", "mama", (0, 1, 2), {"width": "w", "height": "h"})])
+
+
 def add(a, b, out=None):
     """a + b on stacks of matrices (..., m, n) or vectors (..., n), or with
     a scalar; stacks broadcast as in numpy.  One rounded addition per
@@ -189,6 +193,10 @@ def add(a, b, out=None):
     >>> kelm.add(np.ones((2, 3, 3)), np.eye(3))[1, 0, 0]
     2.0
     """
+    if out is None:
+        r = _ADD(a, b)
+        if r is not None:
+            return r
     return _elementwise("Add", a, b, out, True)
 
 
@@ -200,6 +208,10 @@ def subtract(a, b, out=None):
     array([[ 0., -1.],
            [-1.,  0.]])
     """
+    if out is None:
+        r = _SUB(a, b)
+        if r is not None:
+            return r
     return _elementwise("Sub", a, b, out, False)
 
 
@@ -207,6 +219,12 @@ def subtract(a, b, out=None):
 def _mismatch(name, k1, k2):
     return ShapeError(f"{name}: Input operand 1 has a mismatch in its core dimension 0, with gufunc signature "
                       f"(n?,k),(k,m?)->(n?,m?) (size {k2} is different from {k1})")
+
+
+_MUL_SIZES = {"src1Width": "k", "src1Height": "n", "src2Width": "m", "src2Height": "k"}
+_MATMUL = recipe([("i", "nk"), ("i", "km"), ("o", "nm")], [("Mul", "mm", "mama", (0, 1, 2), _MUL_SIZES)])
+_MATVEC = recipe([("i", "nk"), ("i", "k"), ("o", "n")],
+                 [("Mul", "mv", "mava", (0, 1, 2), {"src1Width": "k", "src1Height": "n", "src2Len": "k"})])
 
 
 def matmul(a, b, out=None, *, transpose_a=False, transpose_b=False):
@@ -224,6 +242,10 @@ def matmul(a, b, out=None, *, transpose_a=False, transpose_b=False):
     >>> kelm.matmul(np.eye(3), np.arange(9.).reshape(3, 3))[2]
     array([6., 7., 8.])
     """
+    if out is None and not transpose_a and not transpose_b:
+        r = _MATMUL(a, b)
+        if r is not None:
+            return r
     a = as_real(a, "a")
     b = as_real(b, "b")
     if a.ndim == 0 or b.ndim == 0:
@@ -278,6 +300,10 @@ def matvec(a, x, out=None):
     >>> kelm.matvec(np.eye(2), [1., 2.])
     array([1., 2.])
     """
+    if out is None:
+        r = _MATVEC(a, x)
+        if r is not None:
+            return r
     a = as_real(a, "a")
     x = as_real(x, "x")
     if a.ndim < 2 or x.ndim < 1:

@@ -243,3 +243,32 @@ def test_every_member_reachable_by_name():
     assert m(a, 32, 16, 8, b, 16, 8, out, 32, 16, 8, 2, 2, 2) == 0
     np.testing.assert_array_equal(out, a + b)
     assert m(a, 32, 16, 8, b, 16, 8, None, 32, 16, 8, 2, 2, 2) == -8   # kelStsNullPointer
+
+
+@pytest.mark.parametrize("dtype", DTYPES)
+@pytest.mark.parametrize("stack", [(), (1,), (7,), (2, 3)])
+def test_plain_calls_give_the_engines_bits(dtype, stack):
+    # The common calls skip the Python engine; every layout, whether it
+    # takes that road or not, gives the engine's bits and raises as it does.
+    a = well_conditioned(stack + (4, 4), dtype)
+    b = well_conditioned(stack + (4, 4), dtype, seed=1)
+    v = rng(2).standard_normal(stack + (4,)).astype(dtype)
+    cases = [(kelm.add, (b,)), (kelm.subtract, (b,)), (kelm.matmul, (b,)), (kelm.matvec, (v,)), (kelm.inv, ()),
+             (kelm.det, ()), (kelm.solve, (v,))]
+    for f, rest in cases:
+        for name, x in layouts(a):
+            fast = f(x, *rest)
+            was = kelm._native.use_recipes(False)
+            try:
+                slow = f(x, *rest)
+            finally:
+                kelm._native.use_recipes(was)
+            assert type(fast) is type(slow) and fast.dtype == slow.dtype, (f.__name__, name)
+            np.testing.assert_array_equal(fast, slow, err_msg=f"{f.__name__} {name}")
+    if stack:
+        bad = a.copy()
+        bad.reshape((-1, 4, 4))[-1] = 0
+        for f, rest in [(kelm.inv, ()), (kelm.solve, (v,))]:
+            with pytest.raises(kelm.SingularMatrixError) as e:
+                f(bad, *rest)
+            assert e.value.index == tuple(n - 1 for n in stack)
