@@ -175,7 +175,8 @@ struct GroupArg {
 };
 
 struct Operand {
-    char role;             // 'i' input, 'o' result, 't' temporary, 'b' scratch
+    char role;             // 'i' input, 'L'/'U' symmetric input read by its lower/upper triangle,
+                           // 'o' result, 't' temporary, 'b' scratch
     bool int32;            // a table of int32 (pivots) instead of the call's floats
     char dims[4];          // letters of the object's axes
     int core;              // number of object axes
@@ -195,6 +196,7 @@ struct Recipe {
     std::vector<Operand>* ops;
     std::vector<Step>* steps;
     int inputs;
+    int orderValues, orderVectors;   // results put in ascending order of values, or -1
 };
 
 constexpr int kMaxOps = 8;
@@ -270,17 +272,18 @@ struct Bound {
     PyArrayObject* arr = nullptr;  // owned for results and temporaries
 };
 
+// The stack axes of length > 1 must step evenly, each outer stride the
+// inner one times the inner length, so that object i lies at i * s0.  s0
+// may be negative (a stack walked backwards), not zero (a repeated object).
 bool evenStack(PyArrayObject* a, int stackNd, long long* s0)
 {
-    // The stack axes of length > 1 must step evenly: each outer stride is
-    // the inner one times the inner length.
     long long inner = 0, span = 0;
     for (int k = stackNd - 1; k >= 0; --k) {
         const npy_intp n = PyArray_DIM(a, k);
         if (n == 1) continue;
         const npy_intp st = PyArray_STRIDE(a, k);
         if (inner == 0) {
-            if (st <= 0) return false;
+            if (st == 0) return false;
             inner = st;
             span = st * n;
         } else {
@@ -314,6 +317,79 @@ bool objectStrides(PyArrayObject* a, int core, long long item, long long* s1, lo
     *s1 = s[0];
     *s2 = s[1];
     return true;
+}
+
+// A symmetric matrix given by one triangle, as the full square the members
+// read: object i of the input (at i * s0, any strides) into a packed n x n.
+template <class T>
+void mirror(const char* src, long long s0, long long s1, long long s2, long long count, long long n, bool lower,
+            T* dst)
+{
+    for (long long i = 0; i < count; ++i, dst += n * n)
+        for (long long r = 0; r < n; ++r)
+            for (long long c = 0; c < n; ++c) {
+                const long long hi = r > c ? r : c, lo = r > c ? c : r;
+                const long long at = lower ? hi * s1 + lo * s2 : lo * s1 + hi * s2;
+                dst[r * n + c] = *reinterpret_cast<const T*>(src + i * s0 + at);
+            }
+}
+
+// Values of each object into ascending order, stable, NaN last (numpy's
+// argsort), with the columns of the vectors (packed n x n, or none) in step.
+template <class T>
+void ascending(T* values, T* vectors, long long count, long long n)
+{
+    std::vector<long long> order(n);
+    std::vector<T> tmp(n * (vectors ? n : 1));
+    const auto before = [](T a, T b) { return a < b || (b != b && a == a); };
+    for (long long i = 0; i < count; ++i, values += n, vectors += vectors ? n * n : 0) {
+        for (long long k = 0; k < n; ++k) {
+            long long j = k;
+            while (j > 0 && before(values[k], values[order[j - 1]])) {
+                order[j] = order[j - 1];
+                --j;
+            }
+            order[j] = k;
+        }
+        for (long long k = 0; k < n; ++k) tmp[k] = values[order[k]];
+        std::copy(tmp.begin(), tmp.begin() + n, values);
+        if (!vectors) continue;
+        for (long long r = 0; r < n; ++r)
+            for (long long k = 0; k < n; ++k) tmp[r * n + k] = vectors[r * n + order[k]];
+        std::copy(tmp.begin(), tmp.end(), vectors);
+    }
+}
+
+bool isInput(char role) { return role == 'i' || role == 'L' || role == 'U'; }
+
+// A result in the caller's order: the library wrote it from the other end
+// when every input walked its stack backwards.
+PyObject* callersView(PyArrayObject* a, int stackNd, bool flipped)
+{
+    if (!flipped) {
+        Py_INCREF(a);
+        return PyArray_Return(a);
+    }
+    npy_intp strides[NPY_MAXDIMS];
+    char* data = static_cast<char*>(PyArray_DATA(a));
+    for (int k = 0; k < PyArray_NDIM(a); ++k) {
+        strides[k] = PyArray_STRIDE(a, k);
+        if (k < stackNd && PyArray_DIM(a, k) > 1) {
+            data += (PyArray_DIM(a, k) - 1) * strides[k];
+            strides[k] = -strides[k];
+        }
+    }
+    PyArray_Descr* d = PyArray_DESCR(a);
+    Py_INCREF(d);
+    PyObject* v = PyArray_NewFromDescr(&PyArray_Type, d, PyArray_NDIM(a), PyArray_DIMS(a), strides, data,
+                                       NPY_ARRAY_ALIGNED | NPY_ARRAY_WRITEABLE, nullptr);
+    if (!v) return nullptr;
+    Py_INCREF(a);
+    if (PyArray_SetBaseObject(reinterpret_cast<PyArrayObject*>(v), reinterpret_cast<PyObject*>(a)) < 0) {
+        Py_DECREF(v);
+        return nullptr;
+    }
+    return v;
 }
 
 PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* kwnames)
@@ -357,17 +433,28 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
         if (st.member[isDouble][arrays] < 0) Py_RETURN_NONE;
 
     Bound bound[kMaxOps];
+    PyArrayObject* owned[kMaxOps] = {nullptr};   // results, temporaries, mirrored copies
     void* scratch[kMaxOps] = {nullptr};
+    const char* source[kMaxOps] = {nullptr};      // a mirrored input as the caller gave it
+    long long sourceStrides[kMaxOps][3] = {{0}};
     PyObject* result = nullptr;
-    bool plain = true;
     auto release = [&]() {
         for (int i = 0; i < nops; ++i) {
-            if (ops[i].role != 'i') Py_XDECREF(bound[i].arr);
+            Py_XDECREF(owned[i]);
             PyMem_Free(scratch[i]);
         }
     };
-    npy_intp shape[NPY_MAXDIMS];
-    for (int k = 0; k < stackNd; ++k) shape[k] = PyArray_DIM(first, k);
+    auto fresh = [&](int i, int core, const char* dims, int dtype) {
+        npy_intp shape[NPY_MAXDIMS];
+        for (int k = 0; k < stackNd; ++k) shape[k] = PyArray_DIM(first, k);
+        for (int c = 0; c < core; ++c) shape[stackNd + c] = dim[static_cast<unsigned char>(dims[c])];
+        owned[i] = reinterpret_cast<PyArrayObject*>(PyArray_SimpleNew(stackNd + core, shape, dtype));
+        return owned[i];
+    };
+    // Every input that moves along the stack must walk it the same way; a
+    // stack walked backwards is passed from its last object.
+    bool plain = true;
+    int backwards = 0, forwards = 0;
     for (int i = 0; i < nops && plain; ++i) {
         const Operand& op = ops[i];
         Bound& b = bound[i];
@@ -381,28 +468,55 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             b.base = static_cast<char*>(scratch[i]);
             continue;
         }
+        PyArrayObject* a;
         if (op.role == 'i') {
-            b.arr = reinterpret_cast<PyArrayObject*>(argv[i]);
+            a = reinterpret_cast<PyArrayObject*>(argv[i]);
         } else {
-            for (int c = 0; c < op.core; ++c) shape[stackNd + c] = dim[static_cast<unsigned char>(op.dims[c])];
-            b.arr = reinterpret_cast<PyArrayObject*>(
-                PyArray_SimpleNew(stackNd + op.core, shape, op.int32 ? NPY_INT32 : type));
-            if (!b.arr) {
+            if (!fresh(i, op.core, op.dims, op.int32 ? NPY_INT32 : type)) {
                 release();
                 return nullptr;
+            }
+            a = owned[i];
+            if (op.role != 'o' && op.role != 't') {   // mirrored: read from the caller's array
+                PyArrayObject* in = reinterpret_cast<PyArrayObject*>(argv[i]);
+                plain = evenStack(in, stackNd, &sourceStrides[i][0]);
+                source[i] = static_cast<const char*>(PyArray_DATA(in));
+                sourceStrides[i][1] = PyArray_STRIDE(in, stackNd);
+                sourceStrides[i][2] = PyArray_STRIDE(in, stackNd + 1);
             }
         }
         const long long e = op.int32 ? 4 : item;
         long long extent = 0;
-        plain = objectStrides(b.arr, op.core, e, &b.s1, &b.s2, &extent) && evenStack(b.arr, stackNd, &b.s0) &&
-                (!arrays || b.s0 > 0) && (count - 1) * b.s0 + extent <= INT32_MAX;
+        plain = plain && objectStrides(a, op.core, e, &b.s1, &b.s2, &extent) && evenStack(a, stackNd, &b.s0);
+        b.base = static_cast<char*>(PyArray_DATA(a));
+        if (op.role == 'i' && arrays) {
+            backwards += b.s0 < 0;
+            forwards += b.s0 > 0;
+            if (b.s0 < 0) {
+                b.base += (count - 1) * b.s0;
+                b.s0 = -b.s0;
+            }
+        }
+        plain = plain && (count - 1) * b.s0 + extent <= INT32_MAX;
         if (op.run && op.role == 'i')   // passed as a plain run of objects
-            plain = plain && PyArray_IS_C_CONTIGUOUS(b.arr);
-        b.base = static_cast<char*>(PyArray_DATA(b.arr));
+            plain = plain && PyArray_IS_C_CONTIGUOUS(a);
     }
+    const bool flipped = backwards > 0;
+    plain = plain && !(backwards && forwards);
     KelStatus st = 0;
     if (plain) {
         Py_BEGIN_ALLOW_THREADS
+        for (int i = 0; i < nops; ++i)
+            if (source[i]) {
+                const long long n = dim[static_cast<unsigned char>(ops[i].dims[0])];
+                const long long* ss = sourceStrides[i];
+                if (isDouble)
+                    mirror(source[i], ss[0], ss[1], ss[2], count, n, ops[i].role == 'L',
+                           reinterpret_cast<double*>(bound[i].base));
+                else
+                    mirror(source[i], ss[0], ss[1], ss[2], count, n, ops[i].role == 'L',
+                           reinterpret_cast<float*>(bound[i].base));
+            }
         for (const Step& step : *r->steps) {
             const kp::Member& m = kp::kMembers[step.member[isDouble][arrays]];
             kp::Slot slots[kMaxArgs];
@@ -424,6 +538,15 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             st = m.call(slots);
             if (st != 0) break;
         }
+        if (st == 0 && r->orderValues >= 0) {
+            const Bound& w = bound[r->orderValues];
+            const long long n = dim[static_cast<unsigned char>(ops[r->orderValues].dims[0])];
+            char* v = r->orderVectors >= 0 ? bound[r->orderVectors].base : nullptr;
+            if (isDouble)
+                ascending(reinterpret_cast<double*>(w.base), reinterpret_cast<double*>(v), count, n);
+            else
+                ascending(reinterpret_cast<float*>(w.base), reinterpret_cast<float*>(v), count, n);
+        }
         Py_END_ALLOW_THREADS
     }
     if (plain && st == 0) {
@@ -431,16 +554,17 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
         for (const Operand& op : ops) results += op.role == 'o';
         if (results == 1) {
             for (int i = 0; i < nops; ++i)
-                if (ops[i].role == 'o') {
-                    Py_INCREF(bound[i].arr);
-                    result = PyArray_Return(bound[i].arr);
-                }
+                if (ops[i].role == 'o') result = callersView(owned[i], stackNd, flipped);
         } else {
             result = PyTuple_New(results);
             for (int i = 0, k = 0; result && i < nops; ++i)
                 if (ops[i].role == 'o') {
-                    Py_INCREF(bound[i].arr);
-                    PyTuple_SET_ITEM(result, k++, reinterpret_cast<PyObject*>(bound[i].arr));
+                    PyObject* v = callersView(owned[i], stackNd, flipped);
+                    if (!v) {
+                        Py_CLEAR(result);
+                        break;
+                    }
+                    PyTuple_SET_ITEM(result, k++, v);
                 }
         }
     }
@@ -461,15 +585,20 @@ PyTypeObject kRecipeType = {PyVarObject_HEAD_INIT(nullptr, 0)};
 #pragma GCC diagnostic pop
 
 // recipe(operands, steps) -> a callable
-//   operands: (role, dims, int32, buf) per operand; role 'i', 'o', 't' or
-//             'b'; buf (a, b, c, letter) for scratch of a*n*n + b*n + c
+//   operands: (role, dims, int32, buf) per operand, inputs first; role 'i',
+//             'L', 'U', 'o', 't' or 'b'; buf (a, b, c, letter) for scratch of a*n*n + b*n + c
 //             elements, n the letter's dimension
 //   steps:    ((float single, float array, double single, double array)
 //             member indices, operand index per group, {size: letter})
+//   order:    (values, vectors or -1): results put in ascending order of
+//             the values afterwards
 PyObject* recipe(PyObject*, PyObject* args)
 {
     PyObject *opsIn, *stepsIn;
-    if (!PyArg_ParseTuple(args, "O!O!", &PyTuple_Type, &opsIn, &PyTuple_Type, &stepsIn)) return nullptr;
+    int orderValues = -1, orderVectors = -1;
+    if (!PyArg_ParseTuple(args, "O!O!|(ii)", &PyTuple_Type, &opsIn, &PyTuple_Type, &stepsIn, &orderValues,
+                          &orderVectors))
+        return nullptr;
     if (PyTuple_GET_SIZE(opsIn) > kMaxOps) {
         PyErr_SetString(PyExc_ValueError, "too many operands for a recipe");
         return nullptr;
@@ -488,14 +617,16 @@ PyObject* recipe(PyObject*, PyObject* args)
         op.role = role[0];
         op.int32 = int32;
         op.core = static_cast<int>(std::strlen(dims));
-        if (op.core > 2 || std::strchr("iotb", op.role) == nullptr || (op.role == 'i' && i != inputs)) {
-            PyErr_SetString(PyExc_ValueError, "recipe operands: inputs first, roles i/o/t/b, at most two axes");
+        if (op.core > 2 || std::strchr("iLUotb", op.role) == nullptr || (isInput(op.role) && i != inputs) ||
+            (op.role != 'i' && isInput(op.role) && (op.core != 2 || dims[0] != dims[1]))) {
+            PyErr_SetString(PyExc_ValueError, "recipe operands: inputs first, roles i/L/U/o/t/b, at most two axes, "
+                                              "a symmetric input square");
             return nullptr;
         }
         std::memcpy(op.dims, dims, op.core);
         op.buf[0] = a, op.buf[1] = b, op.buf[2] = c;
         op.bufLetter = letter[0];
-        inputs += op.role == 'i';
+        inputs += isInput(op.role);
         ops->push_back(op);
     }
     for (Py_ssize_t s = 0; s < PyTuple_GET_SIZE(stepsIn); ++s) {
@@ -518,11 +649,19 @@ PyObject* recipe(PyObject*, PyObject* args)
             }
         steps->push_back(std::move(step));
     }
+    const int nops = static_cast<int>(ops->size());
+    for (const int k : {orderValues, orderVectors})
+        if (k >= nops || (k >= 0 && (*ops)[k].role != 'o')) {
+            PyErr_SetString(PyExc_ValueError, "a recipe orders results only");
+            return nullptr;
+        }
     Recipe* r = PyObject_New(Recipe, &kRecipeType);
     if (!r) return nullptr;
     r->ops = ops.release();
     r->steps = steps.release();
     r->inputs = inputs;
+    r->orderValues = orderValues;
+    r->orderVectors = orderVectors;
     r->vectorcall = recipeVectorcall;
     return reinterpret_cast<PyObject*>(r);
 }

@@ -689,16 +689,19 @@ def _view(like, address, shape, strides):
     return np.asarray(holder)
 
 
-def recipe(operands, steps):
+def recipe(operands, steps, order=None):
     """A callable that runs the plain case of one operation in the
     extension, or returns None (see the extension's recipe()).
 
     operands  (role, object axes as letters[, int32][, scratch]) per
-              operand, inputs first: role "i" input, "o" result, "t"
+              operand, inputs first: role "i" input, "L"/"U" a symmetric
+              input read by its lower/upper triangle, "o" result, "t"
               temporary, "b" scratch of a*n*n + b*n + c elements given as
               (a, b, c, letter of n)
     steps     (family, single code, array code, operand per group,
               {size name: letter}) per member call, in order
+    order     (values, vectors or -1): results put in ascending order of
+              the values afterwards (stable, as numpy.argsort)
     """
     ops = tuple((o[0], o[1], len(o) > 2 and o[2] is True) + ((o[-1],) if isinstance(o[-1], tuple) else ())
                 for o in operands)
@@ -707,4 +710,4 @@ def recipe(operands, steps):
         idx = tuple(_lib.MEMBERS[name].index if name in _lib.MEMBERS else -1
                     for t in ("32f", "64f") for name in (f"kelm{family}_{single}_{t}", f"kelm{family}_{array}_{t}"))
         rows.append((idx, tuple(opmap), dict(sizes)))
-    return _lib._native.recipe(ops, tuple(rows))
+    return _lib._native.recipe(ops, tuple(rows), *(() if order is None else (tuple(order),)))

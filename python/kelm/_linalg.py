@@ -385,7 +385,24 @@ def _symmetric(a, UPLO):
     return t + np.swapaxes(off, -1, -2)
 
 
+def _eigh_recipe(uplo, vectors):
+    # The named triangle mirrored into a temporary, kelm's values and
+    # vectors, then ascending order as below.
+    if vectors:
+        return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "n"), ("o", "nn")],
+                      [("EigenValuesVectorsSym", "m", "ma", (0, 1, 3, 2), {"size": "n"})], order=(2, 3))
+    return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "n")],
+                  [("EigenValuesSym", "m", "ma", (0, 1, 2), {"size": "n"})], order=(2, -1))
+
+
+_EIGH = {(uplo, vectors): _eigh_recipe(uplo, vectors) for uplo in "LU" for vectors in (False, True)}
+
+
 def _eigh(a, UPLO, vectors, errors):
+    if errors == "raise" and UPLO in ("L", "U"):
+        r = _EIGH[UPLO, vectors](a)
+        if r is not None:
+            return r
     check_errors(errors)
     s = _symmetric(a, UPLO)
     n = s.shape[-1]
