@@ -185,9 +185,14 @@ struct Operand {
     bool run;              // some member takes it as a plain run
 };
 
+// Members by which inputs move along the stack: bit i of the mask is input
+// i; mask 0 is a single object (every operand a single one).
+constexpr int kMaxInputs = 3;
+constexpr int kMasks = 1 << kMaxInputs;
+
 struct Step {
-    int member[2][2];                  // [float, double][single, array], -1 when absent
-    std::vector<GroupArg> args[2][2];  // the member's arguments, group by group
+    int member[2][kMasks];                  // [float, double][mask], -1 when absent
+    std::vector<GroupArg> args[2][kMasks];  // the member's arguments, group by group
 };
 
 struct Recipe {
@@ -274,16 +279,19 @@ struct Bound {
 
 // The stack axes of length > 1 must step evenly, each outer stride the
 // inner one times the inner length, so that object i lies at i * s0.  s0
-// may be negative (a stack walked backwards), not zero (a repeated object).
+// may be negative (a stack walked backwards) or zero (one object repeated,
+// numpy.broadcast_to).
 bool evenStack(PyArrayObject* a, int stackNd, long long* s0)
 {
+    int last = -1;
+    for (int k = stackNd - 1; k >= 0 && last < 0; --k)
+        if (PyArray_DIM(a, k) != 1) last = k;
     long long inner = 0, span = 0;
-    for (int k = stackNd - 1; k >= 0; --k) {
+    for (int k = last; k >= 0; --k) {
         const npy_intp n = PyArray_DIM(a, k);
         if (n == 1) continue;
         const npy_intp st = PyArray_STRIDE(a, k);
-        if (inner == 0) {
-            if (st == 0) return false;
+        if (k == last) {
             inner = st;
             span = st * n;
         } else {
@@ -398,10 +406,14 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
     if (!recipesOn || kwnames || argc != r->inputs) Py_RETURN_NONE;
     const std::vector<Operand>& ops = *r->ops;
     const int nops = static_cast<int>(ops.size());
-    // Inputs: one native float type, one stack shape.
-    int type = -1, stackNd = -1;
-    PyArrayObject* first = nullptr;
+    // Inputs: one native float type.  Those of more than one object (the
+    // stack) have one stack shape; the others are single objects, with no
+    // more stack axes than the stack.
+    int type = -1, stackNd = 0;
+    PyArrayObject* first = nullptr;   // the input whose stack is the call's
     long long dim[128] = {0};
+    long long count = 1;
+    bool single[kMaxOps] = {false};
     for (Py_ssize_t i = 0; i < argc; ++i) {
         if (!PyArray_CheckExact(argv[i])) Py_RETURN_NONE;
         PyArrayObject* a = reinterpret_cast<PyArrayObject*>(argv[i]);
@@ -412,10 +424,20 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
         type = t;
         const Operand& op = ops[i];
         const int nd = PyArray_NDIM(a) - op.core;
-        if (nd < 0 || (stackNd >= 0 && nd != stackNd)) Py_RETURN_NONE;
-        stackNd = nd;
-        if (first && !PyArray_CompareLists(PyArray_DIMS(a), PyArray_DIMS(first), nd)) Py_RETURN_NONE;
-        first = a;
+        if (nd < 0) Py_RETURN_NONE;
+        long long objects = 1;
+        for (int k = 0; k < nd; ++k) objects *= PyArray_DIM(a, k);
+        single[i] = objects == 1;
+        if (!single[i]) {
+            if (count > 1 && (nd != stackNd || !PyArray_CompareLists(PyArray_DIMS(a), PyArray_DIMS(first), nd)))
+                Py_RETURN_NONE;
+            count = objects;
+            stackNd = nd;
+            first = a;
+        } else if (count == 1 && (!first || nd > stackNd)) {
+            stackNd = nd;
+            first = a;
+        }
         for (int c = 0; c < op.core; ++c) {
             const long long n = PyArray_DIM(a, nd + c);
             long long& d = dim[static_cast<unsigned char>(op.dims[c])];
@@ -423,15 +445,12 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             d = n;
         }
     }
-    long long count = 1;
-    for (int k = 0; k < stackNd; ++k) count *= PyArray_DIM(first, k);
+    for (Py_ssize_t i = 0; i < argc; ++i)
+        if (PyArray_NDIM(reinterpret_cast<PyArrayObject*>(argv[i])) - ops[i].core > stackNd) Py_RETURN_NONE;
     if (count == 0 || count > INT32_MAX) Py_RETURN_NONE;
     const int arrays = count > 1;
     const int isDouble = type == NPY_DOUBLE;
     const long long item = isDouble ? 8 : 4;
-    for (const Step& st : *r->steps)
-        if (st.member[isDouble][arrays] < 0) Py_RETURN_NONE;
-
     Bound bound[kMaxOps];
     PyArrayObject* owned[kMaxOps] = {nullptr};   // results, temporaries, mirrored copies
     void* scratch[kMaxOps] = {nullptr};
@@ -454,7 +473,7 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
     // Every input that moves along the stack must walk it the same way; a
     // stack walked backwards is passed from its last object.
     bool plain = true;
-    int backwards = 0, forwards = 0;
+    int backwards = 0, forwards = 0, mask = 0;
     for (int i = 0; i < nops && plain; ++i) {
         const Operand& op = ops[i];
         Bound& b = bound[i];
@@ -479,17 +498,21 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             a = owned[i];
             if (op.role != 'o' && op.role != 't') {   // mirrored: read from the caller's array
                 PyArrayObject* in = reinterpret_cast<PyArrayObject*>(argv[i]);
-                plain = evenStack(in, stackNd, &sourceStrides[i][0]);
+                plain = (!arrays || !single[i]) && evenStack(in, PyArray_NDIM(in) - 2, &sourceStrides[i][0]) &&
+                        (!arrays || sourceStrides[i][0] != 0);
                 source[i] = static_cast<const char*>(PyArray_DATA(in));
-                sourceStrides[i][1] = PyArray_STRIDE(in, stackNd);
-                sourceStrides[i][2] = PyArray_STRIDE(in, stackNd + 1);
+                sourceStrides[i][1] = PyArray_STRIDE(in, PyArray_NDIM(in) - 2);
+                sourceStrides[i][2] = PyArray_STRIDE(in, PyArray_NDIM(in) - 1);
             }
         }
         const long long e = op.int32 ? 4 : item;
         long long extent = 0;
-        plain = plain && objectStrides(a, op.core, e, &b.s1, &b.s2, &extent) && evenStack(a, stackNd, &b.s0);
+        plain = plain && objectStrides(a, op.core, e, &b.s1, &b.s2, &extent) &&
+                (single[i] || evenStack(a, stackNd, &b.s0));
         b.base = static_cast<char*>(PyArray_DATA(a));
+        if (op.role != 'i' && isInput(op.role) && arrays) mask |= 1 << i;   // mirrored: a stack of its own
         if (op.role == 'i' && arrays) {
+            if (b.s0 != 0) mask |= 1 << i;   // a stack of zero stride is one object, repeated
             backwards += b.s0 < 0;
             forwards += b.s0 > 0;
             if (b.s0 < 0) {
@@ -502,7 +525,9 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             plain = plain && PyArray_IS_C_CONTIGUOUS(a);
     }
     const bool flipped = backwards > 0;
-    plain = plain && !(backwards && forwards);
+    // Every input one object along a stack: the engine computes it once.
+    plain = plain && !(backwards && forwards) && (mask || !arrays);
+    for (const Step& step : *r->steps) plain = plain && step.member[isDouble][mask] >= 0;
     KelStatus st = 0;
     if (plain) {
         Py_BEGIN_ALLOW_THREADS
@@ -518,10 +543,10 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
                            reinterpret_cast<float*>(bound[i].base));
             }
         for (const Step& step : *r->steps) {
-            const kp::Member& m = kp::kMembers[step.member[isDouble][arrays]];
+            const kp::Member& m = kp::kMembers[step.member[isDouble][mask]];
             kp::Slot slots[kMaxArgs];
             int n = 0;
-            for (const GroupArg& g : step.args[isDouble][arrays]) {
+            for (const GroupArg& g : step.args[isDouble][mask]) {
                 const Bound& b = bound[g.operand];
                 switch (g.kind) {
                 case kMatrix: slots[n++].p = b.base; slots[n++].i = b.s1; slots[n++].i = b.s2; break;
@@ -588,8 +613,9 @@ PyTypeObject kRecipeType = {PyVarObject_HEAD_INIT(nullptr, 0)};
 //   operands: (role, dims, int32, buf) per operand, inputs first; role 'i',
 //             'L', 'U', 'o', 't' or 'b'; buf (a, b, c, letter) for scratch of a*n*n + b*n + c
 //             elements, n the letter's dimension
-//   steps:    ((float single, float array, double single, double array)
-//             member indices, operand index per group, {size: letter})
+//   steps:    (member indices, operand index per group, {size: letter});
+//             the members of floats then doubles, by mask of the inputs
+//             that move (0: a single object)
 //   order:    (values, vectors or -1): results put in ascending order of
 //             the values afterwards
 PyObject* recipe(PyObject*, PyObject* args)
@@ -634,14 +660,15 @@ PyObject* recipe(PyObject*, PyObject* args)
         if (!PyArg_ParseTuple(PyTuple_GET_ITEM(stepsIn, s), "O!O!O!", &PyTuple_Type, &members, &PyTuple_Type,
                               &opmap, &PyDict_Type, &sizes))
             return nullptr;
-        if (PyTuple_GET_SIZE(members) != 4) {
-            PyErr_SetString(PyExc_ValueError, "a recipe step names four members");
+        if (PyTuple_GET_SIZE(members) != 2 * kMasks || inputs > kMaxInputs) {
+            PyErr_Format(PyExc_ValueError, "a recipe step names %d members, and a recipe takes at most %d inputs",
+                         2 * kMasks, kMaxInputs);
             return nullptr;
         }
         Step step;
         for (int t = 0; t < 2; ++t)
-            for (int a = 0; a < 2; ++a) {
-                const long k = PyLong_AsLong(PyTuple_GET_ITEM(members, 2 * t + a));
+            for (int a = 0; a < kMasks; ++a) {
+                const long k = PyLong_AsLong(PyTuple_GET_ITEM(members, kMasks * t + a));
                 if (PyErr_Occurred()) return nullptr;
                 step.member[t][a] = (k >= 0 && k < kp::kMemberCount) ? static_cast<int>(k) : -1;
                 if (step.member[t][a] >= 0 && !parseGroups(kp::kMembers[k], opmap, sizes, *ops, step.args[t][a]))

@@ -698,16 +698,33 @@ def recipe(operands, steps, order=None):
               input read by its lower/upper triangle, "o" result, "t"
               temporary, "b" scratch of a*n*n + b*n + c elements given as
               (a, b, c, letter of n)
-    steps     (family, single code, array code, operand per group,
-              {size name: letter}) per member call, in order
+    steps     (family, code, operand per group, {size name: letter}) per
+              member call, in order; the code names the operands of the
+              member's name by letter and operand number ("m0v1"), each of
+              which becomes an array ("mava") when it moves along the stack
     order     (values, vectors or -1): results put in ascending order of
               the values afterwards (stable, as numpy.argsort)
     """
     ops = tuple((o[0], o[1], len(o) > 2 and o[2] is True) + ((o[-1],) if isinstance(o[-1], tuple) else ())
                 for o in operands)
+    inputs = sum(o[0] in "iLU" for o in ops)
     rows = []
-    for family, single, array, opmap, sizes in steps:
-        idx = tuple(_lib.MEMBERS[name].index if name in _lib.MEMBERS else -1
-                    for t in ("32f", "64f") for name in (f"kelm{family}_{single}_{t}", f"kelm{family}_{array}_{t}"))
-        rows.append((idx, tuple(opmap), dict(sizes)))
+    for family, code, opmap, sizes in steps:
+        parts = [(code[k], int(code[k + 1])) for k in range(0, len(code), 2)]
+        idx = []
+        for t in ("32f", "64f"):
+            for mask in range(_RECIPE_MASKS):
+                # mask: the inputs that move; results and temporaries move
+                # with any of them.
+                name = "".join(letter + ("a" if mask and (op >= inputs or mask >> op & 1) else "")
+                               for letter, op in parts)
+                # A temporary between steps holds every object: with more
+                # than one step, all inputs move or none.
+                usable = mask < 1 << inputs and (len(steps) == 1 or mask in (0, (1 << inputs) - 1))
+                m = _lib.MEMBERS.get(f"kelm{family}_{name}_{t}") if usable else None
+                idx.append(m.index if m else -1)
+        rows.append((tuple(idx), tuple(opmap), dict(sizes)))
     return _lib._native.recipe(ops, tuple(rows), *(() if order is None else (tuple(order),)))
+
+
+_RECIPE_MASKS = 8   # masks of up to three inputs

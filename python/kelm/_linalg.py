@@ -69,13 +69,13 @@ def _lu_diagonal(a):
 
 
 # Work matrix and row numbers of Invert and Det: n * (n + 1) + 2 elements.
-_DET = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "")], [("Det", "m", "ma", (0, 1, 2), {"size": "n"})])
+_DET = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "")], [("Det", "m0", (0, 1, 2), {"size": "n"})])
 _INV = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "nn")],
-              [("Invert", "m", "ma", (0, 1, 2), {"size": "n"})])
+              [("Invert", "m0", (0, 1, 2), {"size": "n"})])
 # LU factors and pivots in temporaries, then the solve.
 _SOLVE = recipe([("i", "nn"), ("i", "n"), ("t", "nn"), ("t", "n", True), ("o", "n")],
-                [("LUDecomp", "m", "ma", (0, 3, 2), {"size": "n"}),
-                 ("LUBackSubst", "mv", "mava", (2, 3, 1, 4), {"size": "n"})])
+                [("LUDecomp", "m0", (0, 3, 2), {"size": "n"}),
+                 ("LUBackSubst", "m2v1", (2, 3, 1, 4), {"size": "n"})])
 
 
 def det(a):
@@ -390,9 +390,9 @@ def _eigh_recipe(uplo, vectors):
     # vectors, then ascending order as below.
     if vectors:
         return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "n"), ("o", "nn")],
-                      [("EigenValuesVectorsSym", "m", "ma", (0, 1, 3, 2), {"size": "n"})], order=(2, 3))
+                      [("EigenValuesVectorsSym", "m0", (0, 1, 3, 2), {"size": "n"})], order=(2, 3))
     return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "n")],
-                  [("EigenValuesSym", "m", "ma", (0, 1, 2), {"size": "n"})], order=(2, -1))
+                  [("EigenValuesSym", "m0", (0, 1, 2), {"size": "n"})], order=(2, -1))
 
 
 _EIGH = {(uplo, vectors): _eigh_recipe(uplo, vectors) for uplo in "LU" for vectors in (False, True)}

@@ -181,8 +181,8 @@ def _elementwise_vectors(family, a, b, out, dt, commutes):
     return finish(res, out)
 
 
-_ADD = recipe([("i", "hw"), ("i", "hw"), ("o", "hw")], [("Add", "mm", "mama", (0, 1, 2), {"width": "w", "height": "h"})])
-_SUB = recipe([("i", "hw"), ("i", "hw"), ("o", "hw")], [("Sub", "mm", "mama", (0, 1, 2), {"width": "w", "height": "h"})])
+_ADD = recipe([("i", "hw"), ("i", "hw"), ("o", "hw")], [("Add", "m0m1", (0, 1, 2), {"width": "w", "height": "h"})])
+_SUB = recipe([("i", "hw"), ("i", "hw"), ("o", "hw")], [("Sub", "m0m1", (0, 1, 2), {"width": "w", "height": "h"})])
 
 
 def add(a, b, out=None):
@@ -222,9 +222,9 @@ def _mismatch(name, k1, k2):
 
 
 _MUL_SIZES = {"src1Width": "k", "src1Height": "n", "src2Width": "m", "src2Height": "k"}
-_MATMUL = recipe([("i", "nk"), ("i", "km"), ("o", "nm")], [("Mul", "mm", "mama", (0, 1, 2), _MUL_SIZES)])
+_MATMUL = recipe([("i", "nk"), ("i", "km"), ("o", "nm")], [("Mul", "m0m1", (0, 1, 2), _MUL_SIZES)])
 _MATVEC = recipe([("i", "nk"), ("i", "k"), ("o", "n")],
-                 [("Mul", "mv", "mava", (0, 1, 2), {"src1Width": "k", "src1Height": "n", "src2Len": "k"})])
+                 [("Mul", "m0v1", (0, 1, 2), {"src1Width": "k", "src1Height": "n", "src2Len": "k"})])
 
 
 def matmul(a, b, out=None, *, transpose_a=False, transpose_b=False):

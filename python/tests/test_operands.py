@@ -260,6 +260,11 @@ def test_plain_calls_give_the_engines_bits(dtype, stack):
     a[..., 0, 3] = 7
     a.reshape((-1, 4, 4))[0] = np.diag([2, 1, 2, 1])
     cases += [(lambda x: kelm.eigh(x, UPLO="L"), ()), (lambda x: kelm.eigvalsh(x, UPLO="U"), ())]
+    if stack:
+        # one object against the stack: plain, broadcast, and on the left
+        one = b.reshape((-1, 4, 4))[0]
+        cases += [(kelm.matmul, (one,)), (kelm.add, (np.broadcast_to(one, b.shape),)), (kelm.matvec, (v.reshape((-1, 4))[0],)),
+                  (lambda x: kelm.subtract(one, x), ()), (lambda x: kelm.matmul(one, x), ())]
     for f, rest in cases:
         for name, x in layouts(a):
             fast = f(x, *rest)
