@@ -194,7 +194,11 @@ def add(a, b, out=None):
     2.0
     """
     if out is None:
+        # One matrix on the left of a stack: Add has only the member with
+        # the single operand second, so the operands trade places.
         r = _ADD(a, b)
+        if r is None:
+            r = _ADD(b, a)
         if r is not None:
             return r
     return _elementwise("Add", a, b, out, True)
