@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds kelm and runs every test: the optimised build, the same tests under
-# AddressSanitizer and UndefinedBehaviorSanitizer, a static build, and an
+# AddressSanitizer and UndefinedBehaviorSanitizer with the fuzz target,
+# callers on many threads under ThreadSanitizer, a static build, and an
 # install consumed through find_package(kelm) and pkg-config.
 #   --quick   the optimised build's tests only
 set -euo pipefail
@@ -41,6 +42,9 @@ grep -E '^stat::(number_of_executed_units|new_units_added)' "$corpus/log"
 rm -rf "$corpus"
 unset ASAN_OPTIONS UBSAN_OPTIONS
 
+step "callers on many threads and the parallel drivers under ThreadSanitizer"
+bash scripts/tsan.sh
+
 step "static libraries"
 cmake -S . -B build-static -DCMAKE_BUILD_TYPE=Release -DKELM_STATIC=ON -DKELM_BUILD_TESTS=OFF \
   -DKELM_BUILD_BENCH=OFF >/dev/null
@@ -62,4 +66,4 @@ echo "installed kelm works through find_package, pkg-config and Python"
 
 # Reaching this line means every stage above passed (the script stops at
 # the first failure).
-echo "stages: 4 passed, 0 failed"
+echo "stages: 5 passed, 0 failed"
