@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -202,6 +203,7 @@ struct Recipe {
     std::vector<Step>* steps;
     int inputs;
     int orderValues, orderVectors;   // results put in ascending order of values, or -1
+    bool masked;                     // refused objects give NaN and a mask, not None
 };
 
 constexpr int kMaxOps = 8;
@@ -370,13 +372,22 @@ void ascending(T* values, T* vectors, long long count, long long n)
 
 bool isInput(char role) { return role == 'i' || role == 'L' || role == 'U'; }
 
+// The statuses that refuse one object of an array (the others concern the
+// whole call).
+bool isRefusal(KelStatus st)
+{
+    return st == kelStsSingular || st == kelStsNoConvergence || st == kelStsNotPositiveDefinite ||
+           st == kelStsDivideByZero;
+}
+
 // A result in the caller's order: the library wrote it from the other end
-// when every input walked its stack backwards.
-PyObject* callersView(PyArrayObject* a, int stackNd, bool flipped)
+// when every input walked its stack backwards.  One object's result is a
+// numpy scalar (scalar), the mask of refused objects stays an array.
+PyObject* callersView(PyArrayObject* a, int stackNd, bool flipped, bool scalar = true)
 {
     if (!flipped) {
         Py_INCREF(a);
-        return PyArray_Return(a);
+        return scalar ? PyArray_Return(a) : reinterpret_cast<PyObject*>(a);
     }
     npy_intp strides[NPY_MAXDIMS];
     char* data = static_cast<char*>(PyArray_DATA(a));
@@ -525,10 +536,49 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             plain = plain && PyArray_IS_C_CONTIGUOUS(a);
     }
     const bool flipped = backwards > 0;
+    // The members' calls for objects first .. first + n - 1.
+    auto runSteps = [&](long long first, long long n) -> KelStatus {
+        for (const Step& step : *r->steps) {
+            const kp::Member& m = kp::kMembers[step.member[isDouble][mask]];
+            kp::Slot slots[kMaxArgs];
+            int k = 0;
+            for (const GroupArg& g : step.args[isDouble][mask]) {
+                const Bound& b = bound[g.operand];
+                char* base = b.base + first * b.s0;
+                switch (g.kind) {
+                case kMatrix: slots[k++].p = base; slots[k++].i = b.s1; slots[k++].i = b.s2; break;
+                case kMatrixArray:
+                    slots[k++].p = base; slots[k++].i = b.s0; slots[k++].i = b.s1; slots[k++].i = b.s2; break;
+                case kVector: slots[k++].p = base; slots[k++].i = b.s2; break;
+                case kVectorArray: slots[k++].p = base; slots[k++].i = b.s0; slots[k++].i = b.s2; break;
+                case kRun:
+                case kBuffer: slots[k++].p = base; break;
+                case kSize: slots[k++].i = dim[g.operand]; break;
+                case kCount: slots[k++].i = n; break;
+                }
+            }
+            const KelStatus st = m.call(slots);
+            if (st != 0) return st;
+        }
+        return 0;
+    };
     // Every input one object along a stack: the engine computes it once.
     plain = plain && !(backwards && forwards) && (mask || !arrays);
     for (const Step& step : *r->steps) plain = plain && step.member[isDouble][mask] >= 0;
     KelStatus st = 0;
+    // A masked recipe answers refused objects with a mask instead of None.
+    PyArrayObject* refusedArr = nullptr;
+    char* refused = nullptr;
+    if (plain && r->masked) {
+        npy_intp shape[NPY_MAXDIMS];
+        for (int k = 0; k < stackNd; ++k) shape[k] = PyArray_DIM(first, k);
+        refusedArr = reinterpret_cast<PyArrayObject*>(PyArray_ZEROS(stackNd, shape, NPY_BOOL, 0));
+        if (!refusedArr) {
+            release();
+            return nullptr;
+        }
+        refused = static_cast<char*>(PyArray_DATA(refusedArr));
+    }
     if (plain) {
         Py_BEGIN_ALLOW_THREADS
         for (int i = 0; i < nops; ++i)
@@ -542,26 +592,41 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
                     mirror(source[i], ss[0], ss[1], ss[2], count, n, ops[i].role == 'L',
                            reinterpret_cast<float*>(bound[i].base));
             }
-        for (const Step& step : *r->steps) {
-            const kp::Member& m = kp::kMembers[step.member[isDouble][mask]];
-            kp::Slot slots[kMaxArgs];
-            int n = 0;
-            for (const GroupArg& g : step.args[isDouble][mask]) {
-                const Bound& b = bound[g.operand];
-                switch (g.kind) {
-                case kMatrix: slots[n++].p = b.base; slots[n++].i = b.s1; slots[n++].i = b.s2; break;
-                case kMatrixArray:
-                    slots[n++].p = b.base; slots[n++].i = b.s0; slots[n++].i = b.s1; slots[n++].i = b.s2; break;
-                case kVector: slots[n++].p = b.base; slots[n++].i = b.s2; break;
-                case kVectorArray: slots[n++].p = b.base; slots[n++].i = b.s0; slots[n++].i = b.s2; break;
-                case kRun:
-                case kBuffer: slots[n++].p = b.base; break;
-                case kSize: slots[n++].i = dim[g.operand]; break;
-                case kCount: slots[n++].i = count; break;
+        if (!refused) {
+            st = runSteps(0, count);
+        } else {
+            // The library stops each thread's block at its first refused
+            // object, so a block that refuses one goes again one object at a
+            // time, its refused objects filled with NaN (pivots -1) and
+            // marked.  Blocks of a 64th of the stack keep that second pass
+            // short and every call long enough for a team.
+            const long long block = std::max(64LL, count / 64);
+            for (long long at = 0; at < count && st == 0; at += block) {
+                const long long end = std::min(count, at + block);
+                st = runSteps(at, end - at);
+                if (!isRefusal(st)) continue;
+                st = 0;
+                for (long long k = at; k < end && st == 0; ++k) {
+                    const KelStatus one = runSteps(k, 1);
+                    if (one == 0) continue;
+                    if (!isRefusal(one)) {
+                        st = one;
+                        break;
+                    }
+                    refused[k] = 1;
+                    for (int i = 0; i < nops; ++i) {
+                        if (ops[i].role != 'o') continue;
+                        long long per = 1;
+                        for (int c = 0; c < ops[i].core; ++c) per *= dim[static_cast<unsigned char>(ops[i].dims[c])];
+                        char* out = bound[i].base + k * bound[i].s0;
+                        for (long long e = 0; e < per; ++e) {
+                            if (ops[i].int32) reinterpret_cast<int32_t*>(out)[e] = -1;
+                            else if (isDouble) reinterpret_cast<double*>(out)[e] = NAN;
+                            else reinterpret_cast<float*>(out)[e] = NAN;
+                        }
+                    }
                 }
             }
-            st = m.call(slots);
-            if (st != 0) break;
         }
         if (st == 0 && r->orderValues >= 0) {
             const Bound& w = bound[r->orderValues];
@@ -575,7 +640,7 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
         Py_END_ALLOW_THREADS
     }
     if (plain && st == 0) {
-        int results = 0;
+        int results = refusedArr != nullptr;
         for (const Operand& op : ops) results += op.role == 'o';
         if (results == 1) {
             for (int i = 0; i < nops; ++i)
@@ -591,8 +656,14 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
                     }
                     PyTuple_SET_ITEM(result, k++, v);
                 }
+            if (result && refusedArr) {
+                PyObject* v = callersView(refusedArr, stackNd, flipped, false);
+                if (v) PyTuple_SET_ITEM(result, results - 1, v);
+                else Py_CLEAR(result);
+            }
         }
     }
+    Py_XDECREF(refusedArr);
     release();
     if (result || PyErr_Occurred()) return result;
     Py_RETURN_NONE;
@@ -618,12 +689,14 @@ PyTypeObject kRecipeType = {PyVarObject_HEAD_INIT(nullptr, 0)};
 //             that move (0: a single object)
 //   order:    (values, vectors or -1): results put in ascending order of
 //             the values afterwards
+//   masked:   refused objects come back as NaN (pivots -1), and a boolean
+//             array of them is the last result
 PyObject* recipe(PyObject*, PyObject* args)
 {
     PyObject *opsIn, *stepsIn;
-    int orderValues = -1, orderVectors = -1;
-    if (!PyArg_ParseTuple(args, "O!O!|(ii)", &PyTuple_Type, &opsIn, &PyTuple_Type, &stepsIn, &orderValues,
-                          &orderVectors))
+    int orderValues = -1, orderVectors = -1, masked = 0;
+    if (!PyArg_ParseTuple(args, "O!O!|(ii)p", &PyTuple_Type, &opsIn, &PyTuple_Type, &stepsIn, &orderValues,
+                          &orderVectors, &masked))
         return nullptr;
     if (PyTuple_GET_SIZE(opsIn) > kMaxOps) {
         PyErr_SetString(PyExc_ValueError, "too many operands for a recipe");
@@ -689,6 +762,7 @@ PyObject* recipe(PyObject*, PyObject* args)
     r->inputs = inputs;
     r->orderValues = orderValues;
     r->orderVectors = orderVectors;
+    r->masked = masked;
     r->vectorcall = recipeVectorcall;
     return reinterpret_cast<PyObject*>(r);
 }

@@ -689,7 +689,7 @@ def _view(like, address, shape, strides):
     return np.asarray(holder)
 
 
-def recipe(operands, steps, order=None):
+def recipe(operands, steps, order=None, masked=False):
     """A callable that runs the plain case of one operation in the
     extension, or returns None (see the extension's recipe()).
 
@@ -704,6 +704,8 @@ def recipe(operands, steps, order=None):
               which becomes an array ("mava") when it moves along the stack
     order     (values, vectors or -1): results put in ascending order of
               the values afterwards (stable, as numpy.argsort)
+    masked    refused objects come back as NaN (pivots -1) and a boolean
+              array of them is the last result, instead of None
     """
     ops = tuple((o[0], o[1], len(o) > 2 and o[2] is True) + ((o[-1],) if isinstance(o[-1], tuple) else ())
                 for o in operands)
@@ -724,7 +726,7 @@ def recipe(operands, steps, order=None):
                 m = _lib.MEMBERS.get(f"kelm{family}_{name}_{t}") if usable else None
                 idx.append(m.index if m else -1)
         rows.append((tuple(idx), tuple(opmap), dict(sizes)))
-    return _lib._native.recipe(ops, tuple(rows), *(() if order is None else (tuple(order),)))
+    return _lib._native.recipe(ops, tuple(rows), tuple(order or (-1, -1)), masked)
 
 
 _RECIPE_MASKS = 8   # masks of up to three inputs

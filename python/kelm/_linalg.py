@@ -70,12 +70,13 @@ def _lu_diagonal(a):
 
 # Work matrix and row numbers of Invert and Det: n * (n + 1) + 2 elements.
 _DET = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "")], [("Det", "m0", (0, 1, 2), {"size": "n"})])
-_INV = recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "nn")],
-              [("Invert", "m0", (0, 1, 2), {"size": "n"})])
+_INV, _INV_MASKED = (recipe([("i", "nn"), ("b", "", (1, 1, 2, "n")), ("o", "nn")],
+                             [("Invert", "m0", (0, 1, 2), {"size": "n"})], masked=m) for m in (False, True))
 # LU factors and pivots in temporaries, then the solve.
-_SOLVE = recipe([("i", "nn"), ("i", "n"), ("t", "nn"), ("t", "n", True), ("o", "n")],
-                [("LUDecomp", "m0", (0, 3, 2), {"size": "n"}),
-                 ("LUBackSubst", "m2v1", (2, 3, 1, 4), {"size": "n"})])
+_SOLVE, _SOLVE_MASKED = (recipe([("i", "nn"), ("i", "n"), ("t", "nn"), ("t", "n", True), ("o", "n")],
+                                [("LUDecomp", "m0", (0, 3, 2), {"size": "n"}),
+                                 ("LUBackSubst", "m2v1", (2, 3, 1, 4), {"size": "n"})], masked=m)
+                         for m in (False, True))
 
 
 def det(a):
@@ -148,8 +149,8 @@ def inv(a, out=None, *, errors="raise"):
     array([[0.5 , 0.  ],
            [0.  , 0.25]])
     """
-    if out is None and errors == "raise":
-        r = _INV(a)
+    if out is None:
+        r = _INV(a) if errors == "raise" else _INV_MASKED(a) if errors == "mask" else None
         if r is not None:
             return r
     check_errors(errors)
@@ -187,10 +188,9 @@ def solve(a, b, *, errors="raise"):
     >>> kelm.solve([[2., 0.], [0., 4.]], [2., 4.])
     array([1., 1.])
     """
-    if errors == "raise":
-        r = _SOLVE(a, b)
-        if r is not None:
-            return r
+    r = _SOLVE(a, b) if errors == "raise" else _SOLVE_MASKED(a, b) if errors == "mask" else None
+    if r is not None:
+        return r
     check_errors(errors)
     a = square(as_real(a, "a"), "a")
     b = as_real(b, "b")
@@ -386,35 +386,34 @@ def _symmetric(a, UPLO):
 
 
 def _eigh_recipe(uplo, vectors):
-    # The named triangle mirrored into a temporary, kelm's values and
-    # vectors, then ascending order as below.
+    # The named triangle mirrored into a temporary, kelm's values (and
+    # vectors) in ascending order, refused objects as NaN with a mask.
     if vectors:
-        return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "n"), ("o", "nn")],
-                      [("EigenValuesVectorsSym", "m0", (0, 1, 3, 2), {"size": "n"})], order=(2, 3))
+        return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "nn"), ("o", "n")],
+                      [("EigenValuesVectorsSym", "m0", (0, 1, 2, 3), {"size": "n"})], order=(3, 2), masked=True)
     return recipe([(uplo, "nn"), ("b", "", (1, 0, 0, "n")), ("o", "n")],
-                  [("EigenValuesSym", "m0", (0, 1, 2), {"size": "n"})], order=(2, -1))
+                  [("EigenValuesSym", "m0", (0, 1, 2), {"size": "n"})], order=(2, -1), masked=True)
 
 
 _EIGH = {(uplo, vectors): _eigh_recipe(uplo, vectors) for uplo in "LU" for vectors in (False, True)}
 
 
+def _ascending(res):
+    """Values (res[-1]) in ascending order, stable, vectors' columns (res[0])
+    in step."""
+    order = np.argsort(res[-1], axis=-1, kind="stable")
+    out = [np.take_along_axis(res[-1], order, axis=-1)]
+    if len(res) == 2:
+        out.insert(0, np.take_along_axis(res[0], order[..., None, :], axis=-1))
+    return out
+
+
 def _eigh(a, UPLO, vectors, errors):
-    if errors == "raise" and UPLO in ("L", "U"):
-        r = _EIGH[UPLO, vectors](a)
-        if r is not None:
-            return r
     check_errors(errors)
-    s = _symmetric(a, UPLO)
-    n = s.shape[-1]
-    stack = s.shape[:-2]
-    if n == 0:
-        w = np.empty(stack + (0,), s.dtype)
-        r = (w, np.empty(s.shape, s.dtype)) if vectors else w
-        return _with_mask(r, np.zeros(stack, bool), errors)
     family = "EigenValuesVectorsSym" if vectors else "EigenValuesSym"
-    _need(f"kelm{family}_ma_{_type(s.dtype)}")
 
     def run(x, stk):
+        n = x.shape[-1]
         buf = np.empty(n * n, x.dtype)
         ops = [Op(x, letter="m"), Op(buf, fixed=True)]
         if vectors:
@@ -423,33 +422,51 @@ def _eigh(a, UPLO, vectors, errors):
         call = Call(family, ops, {"size": n}, stk, x.dtype, errors="mask")
         return call.run(), call
 
-    res, call = run(s, stack)
-    refused = call.mask()
+    # res: [vectors,] values; sorted when the recipe made them.
+    fast = _EIGH[UPLO, vectors](a) if UPLO in ("L", "U") else None
+    if fast is not None:
+        *res, refused = fast
+        s = None
+    else:
+        s = _symmetric(a, UPLO)
+        n = s.shape[-1]
+        stack = s.shape[:-2]
+        if n == 0:
+            w = np.empty(stack + (0,), s.dtype)
+            r = (w, np.empty(s.shape, s.dtype)) if vectors else w
+            return _with_mask(r, np.zeros(stack, bool), errors)
+        _need(f"kelm{family}_ma_{_type(s.dtype)}")
+        res, call = run(s, stack)
+        refused = call.mask()
     if refused.any():
         # kelm refuses singular matrices, and its single-precision iteration
         # (an absolute test on the off-diagonal) can stall a little above
         # its tolerance.  Those objects are solved again in double precision
         # on the shifted matrix s + c I (same vectors, values shifted by c).
         _need(f"kelm{family}_ma_64f")
+        if s is None:
+            s = _symmetric(a, UPLO)
+        n = s.shape[-1]
         sub = s[refused].astype(np.float64)
         c = 2 * np.sqrt(np.einsum("...ij,...ij->...", sub, sub)) + 1
         sub += c[:, None, None] * np.eye(n)
         r2, call2 = run(sub, (sub.shape[0],))
         if call2.mask().any() and errors == "raise":
             raise LinAlgError("Eigenvalues did not converge")
-        res[-1][refused] = r2[-1] - c[:, None]
-        if vectors:
-            res[0][refused] = r2[0]
-        still = np.zeros(int(np.prod(stack)), bool)
+        r2[-1] = (r2[-1] - c[:, None]).astype(s.dtype)
+        if fast is not None:
+            r2 = _ascending(r2)
+        for k in range(len(res)):
+            res[k][refused] = r2[k]
+        still = np.zeros(refused.size, bool)
         still[np.flatnonzero(refused.ravel())] = call2.mask()
-        refused = still.reshape(stack)
-    w = res[-1]
-    order = np.argsort(w, axis=-1, kind="stable")
-    w = np.take_along_axis(w, order, axis=-1)
-    if vectors:
-        v = np.take_along_axis(res[0], order[..., None, :], axis=-1)
-        return _with_mask((w, v), refused, errors)
-    return _with_mask(w, refused, errors)
+        refused = still.reshape(refused.shape)
+    if fast is None:
+        res = _ascending(res)
+    if errors == "raise" and refused.any():
+        raise LinAlgError("Eigenvalues did not converge")
+    r = (res[-1], res[0]) if vectors else res[0]
+    return _with_mask(r, refused, errors)
 
 
 def eigh(a, UPLO="L", *, errors="raise"):
