@@ -77,15 +77,19 @@ def main():
                 curves[name].append((c, best(lambda: fk(*ops), c, 0.1), best(lambda: fn(*ops), c, 0.1)))
     print()
     one = stack(1, 4, np.float32)[0]
-    print(f"One 4x4 float32 matmul call: kelm {best(lambda: kelm.matmul(one, one), 1) * 1e6:.1f} us, "
-          f"numpy.matmul {best(lambda: np.matmul(one, one), 1) * 1e6:.2f} us")
-    a = stack(100_000, 4, np.float32)
-    rev = a[::-1]
-    single = np.broadcast_to(a[0], a.shape)
-    print(f"inv 4x4 float32, 100,000: contiguous {best(lambda: kelm.inv(a), len(a)) * 1e9:.1f} ns, "
-          f"negative step {best(lambda: kelm.inv(rev), len(a)) * 1e9:.1f} ns per object")
-    print(f"matmul 4x4 float32, 100,000: both stacks {best(lambda: kelm.matmul(a, a), len(a)) * 1e9:.1f} ns, "
-          f"one broadcast operand {best(lambda: kelm.matmul(a, single), len(a)) * 1e9:.1f} ns per object")
+    print("One call on one 4x4 float32 matrix (the cost of a call):")
+    for name, fk, fn in (("matmul", lambda: kelm.matmul(one, one), lambda: np.matmul(one, one)),
+                         ("inv", lambda: kelm.inv(one), lambda: np.linalg.inv(one)),
+                         ("det", lambda: kelm.det(one), lambda: np.linalg.det(one))):
+        print(f"- {name}: kelm {best(fk, 1) * 1e6:.2f} us, numpy {best(fn, 1) * 1e6:.2f} us")
+    for count in (1000, 100_000):
+        a = stack(count, 4, np.float32)
+        rev = a[::-1]
+        single = np.broadcast_to(a[0], a.shape)
+        print(f"inv 4x4 float32, {count:,}: contiguous {best(lambda: kelm.inv(a), count) * 1e9:.1f} ns, "
+              f"negative step {best(lambda: kelm.inv(rev), count) * 1e9:.1f} ns per object")
+        print(f"matmul 4x4 float32, {count:,}: both stacks {best(lambda: kelm.matmul(a, a), count) * 1e9:.1f} ns, "
+              f"one broadcast operand {best(lambda: kelm.matmul(a, single), count) * 1e9:.1f} ns per object")
     if args.plot:
         import matplotlib
         matplotlib.use("Agg")
