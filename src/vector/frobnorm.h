@@ -25,6 +25,8 @@
 //           s = p + q, and the row's remaining squares one by one;
 //   row lanes  packed 32f L arrays with gaps: the lane sum of each row's
 //           squares, started from the running sum.
+// Matrices side by side (interleaved S, P over planes) go a pack of objects
+// at a time through the same table, plain and rows sums, one object per lane.
 #pragma once
 
 #include <cmath>
@@ -33,7 +35,9 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/lanesum.h"
+#include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 #include "vector/sums.h"
@@ -77,26 +81,62 @@ struct FrobKernel {
     template <class A>
     KelStatus operator()(int32_t count, void*, const A& a, const Dense<T>& d) const
     {
+        if constexpr (A::array && lanesPossible<A>()) {
+            // Side by side, the rows of an object are never contiguous
+            // (but for 1 x 1 matrices, which keep their own path).
+            if (W <= kLaneMaxSide && H <= kLaneMaxSide && sideBySide(a) && sideBySide(d) &&
+                pathOf(a) != Path::Rows) {
+                lanes(count, a, d);
+                return kelStsNoErr;
+            }
+        }
         byPath([&](auto w) { run<decltype(w)::value>(count, a, d); }, a);
         return kelStsNoErr;
     }
 
-    template <class C>
-    T table(const C& x) const
+    // Matrices side by side: the sum of the path the call takes otherwise,
+    // for a pack of objects at once.
+    template <class A>
+    void lanes(int32_t count, const A& a, const Dense<T>& d) const
+    {
+        using L = simd::Lanes<T>;
+        const LaneOperand<simd::Sse, A> x(a, H, W);
+        forLanes<T>(count, [&](int32_t first, int k) {
+            struct {
+                const LaneOperand<simd::Sse, A>& x;
+                int32_t first;
+                int k;
+                L get(int32_t j, int32_t i) const { return L(x.load(j, i, first, k)); }
+            } pack{x, first, k};
+            L r;
+            if constexpr (A::desc == Desc::P) r = table<L>(pack);
+            else if constexpr (std::is_same<T, float>::value) r = rows<L>(pack);
+            else r = plain<L>(pack);
+            const auto root = simd::sqrt(r.p);
+            if (k == simd::kLanes<T>) root.store(d.at(first));
+            else root.storePart(d.at(first), k);
+        });
+    }
+
+    // The sums below are written over the value type V: one object's T, or
+    // Lanes<T> for a pack of objects whose cursor gives element (j, i) of
+    // each in its lane.
+    template <class V = T, class C>
+    V table(const C& x) const
     {
         const int32_t n = W * H;
         auto at = [&](int32_t k) { return x.get(k / W, k % W); };
-        T s = T(0);
+        V s = V(T(0));
         int32_t k = 0;
         for (; k + 1 < n; k += 2) s = s + (sq(at(k)) + sq(at(k + 1)));
         if (k < n) s = s + sq(at(k));
         return s;
     }
 
-    template <class C>
-    T plain(const C& x) const
+    template <class V = T, class C>
+    V plain(const C& x) const
     {
-        T s = T(0);
+        V s = V(T(0));
         for (int32_t j = 0; j < H; ++j)
             for (int32_t i = 0; i < W; ++i) s = s + sq(x.get(j, i));
         return s;
@@ -138,13 +178,14 @@ struct FrobKernel {
     }
 
     // Strided 32f arrays: row by row on the running sum.
-    template <class C>
-    T rows(const C& x) const
+    template <class V = T, class C>
+    V rows(const C& x) const
     {
-        T t = T(0);
+        const V zero(T(0));
+        V t = zero;
         const int32_t whole = W & ~7;
         for (int32_t j = 0; j < H; ++j) {
-            T p[4] = {t, T(0), T(0), T(0)}, q[4] = {T(0), T(0), T(0), T(0)};
+            V p[4] = {t, zero, zero, zero}, q[4] = {zero, zero, zero, zero};
             for (int32_t i = 0; i < whole; i += 8)
                 for (int k = 0; k < 4; ++k) {
                     p[k] = p[k] + sq(x.get(j, i + k));
