@@ -133,7 +133,9 @@ TEST_P(Movement, MatchesModelOnEveryLayout)
     uint32_t seed = 1;
     forceThreads(4);
     resetThreadQueries();
-    sweep(m, sizeGrid(m), everyForm(), 1, [&](Case& s) {
+    std::vector<Form> forms = everyForm();
+    forms.push_back(Form::Planes);   // objects side by side
+    sweep(m, sizeGrid(m), forms, 1, [&](Case& s) {
         if (anyStride0 && s.sizes.at("count") == 1)
             for (auto& op : s.ops)
                 if (op.args.s0) op.args.s0 = std::vector<int>{0, -m.elem, 2}[seed % 3];

@@ -11,6 +11,8 @@
 // array are never read or written past.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -86,6 +88,24 @@ inline void forLanes(int32_t count, F&& f)
             for (int u = 0; u < Unroll; ++u) f(n + u * L, L);
     for (; n + L <= count; n += L) f(n, L);
     if (n < count) f(n, static_cast<int>(count - n));
+}
+
+// Are the w x h positions of `count` objects side by side (each position a
+// run of `count` elements) apart from one another?  Then no two writes of a
+// call land on the same byte, and the order of the writes cannot change the
+// result.
+template <class V>
+bool positionsApart(const V& v, int32_t count, int32_t w, int32_t h)
+{
+    const char* at[kLaneMaxSide * kLaneMaxSide];
+    int k = 0;
+    for (int32_t j = 0; j < h; ++j)
+        for (int32_t i = 0; i < w; ++i) at[k++] = reinterpret_cast<const char*>(v.at(0, j, i));
+    std::sort(at, at + k);
+    const std::ptrdiff_t run = static_cast<std::ptrdiff_t>(count) * kElem<typename V::Elem>;
+    for (int q = 1; q < k; ++q)
+        if (at[q] - at[q - 1] < run) return false;
+    return true;
 }
 
 }  // namespace kel

@@ -2,8 +2,9 @@
 // (j, i) of the source, each located through its own description.
 //
 // One element a step, objects, rows and elements ascending, with no block
-// copy and no fast path: when source and destination overlap, the result
-// is that of this element order.
+// copy: when source and destination overlap, the result is that of this
+// element order.  Objects side by side that do not overlap go a pack of
+// objects at a time.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +19,7 @@ struct CopyKernel {
     template <class S, class D>
     KelStatus operator()(int32_t count, void*, const S& src, const D& dst) const
     {
+        if (movedSideBySide<false>(count, src, dst, w, h)) return kelStsNoErr;
         for (int32_t n = 0; n < count; ++n)
             for (int32_t j = 0; j < h; ++j)
                 for (int32_t i = 0; i < w; ++i) moveWord(src.at(n, j, i), dst.at(n, j, i));

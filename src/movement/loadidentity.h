@@ -2,7 +2,9 @@
 // are set to 0, then, if the row number is below `width`, its diagonal
 // element to 1.
 //
-// Packed S arrays of 32f have their own paths: 4 x 4 objects as four 128-bit
+// Objects side by side (interleaved S, P over planes) whose positions lie
+// apart go a pack of objects at a time.  Packed S arrays of 32f have their
+// own paths: 4 x 4 objects as four 128-bit
 // row stores, 3 x 3 objects as nine elements straight, other sizes with rows
 // cleared eight elements a step between a peel and a tail.  Each row is
 // still finished before the next one starts, so objects that overlap give
@@ -82,6 +84,19 @@ struct IdentityKernel {
         if constexpr (D::desc == Desc::S && std::is_same<T, float>::value) {
             if (dst.packed()) {
                 identity::packedFloat(count, w, h, dst);
+                return kelStsNoErr;
+            }
+        }
+        if constexpr (D::array && lanesPossible<D>()) {
+            // Objects side by side whose positions lie apart: each
+            // position's run of elements set a pack at a time.
+            if (w <= kLaneMaxSide && h <= kLaneMaxSide && sideBySide(dst) && positionsApart(dst, count, w, h)) {
+                using P = simd::Pack<simd::Sse, T>;
+                const LaneOperand<simd::Sse, D> y(dst, h, w);
+                forLanes<T>(count, [&](int32_t first, int k) {
+                    for (int32_t j = 0; j < h; ++j)
+                        for (int32_t i = 0; i < w; ++i) y.store(j, i, first, P::splat(T(i == j ? 1 : 0)), k);
+                });
                 return kelStsNoErr;
             }
         }

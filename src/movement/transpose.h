@@ -10,7 +10,9 @@
 //                  64f matrices a destination row at a time;
 //   strided        a destination row at a time;
 //   P              a source row at a time, entry j * width + i of the
-//                  source table to entry i * height + j of the result's.
+//                  source table to entry i * height + j of the result's;
+//   side by side   objects side by side that do not overlap, a pack of
+//                  objects' element a step.
 // The kernel loops over the objects of an array in order; there is no
 // parallel path.
 #pragma once
@@ -112,6 +114,7 @@ struct TransposeKernel {
         using T = typename D::Elem;
         constexpr bool hasRows = S::desc != Desc::P;  // S and L: rows with a Stride2
         const bool packed = hasRows && src.packed() && dst.packed();
+        if (!packed && movedSideBySide<true>(count, src, dst, w, h)) return kelStsNoErr;
 
         if (w == h && w >= 3 && w <= 6) {
             if constexpr (hasRows && S::array && std::is_same<T, float>::value) {
