@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 
@@ -66,6 +67,24 @@ struct LaneOperand {
         else x.storePart(q, k);
     }
 };
+
+// Element (j, i) of the pack of objects first .. first+k-1 as one Lanes
+// value: the cursor through which a kernel written over its value type
+// reads (and, for a result, writes) a pack of objects.
+template <class Op>
+struct PackCursor {
+    using L = simd::Lanes<typename Op::T>;
+    const Op& op;
+    int32_t first;
+    int k;
+    L get(int32_t j, int32_t i) const { return L(op.load(j, i, first, k)); }
+    void put(int32_t j, int32_t i, L v) const { op.store(j, i, first, v.p, k); }
+};
+template <class Op>
+PackCursor<Op> packOf(const Op& op, int32_t first, int k)
+{
+    return {op, first, k};
+}
 
 // Can views of these types take a lanes kernel at all?  L arrays never can.
 template <class V>

@@ -102,12 +102,7 @@ struct FrobKernel {
         using L = simd::Lanes<T>;
         const LaneOperand<simd::Sse, A> x(a, H, W);
         forLanes<T>(count, [&](int32_t first, int k) {
-            struct {
-                const LaneOperand<simd::Sse, A>& x;
-                int32_t first;
-                int k;
-                L get(int32_t j, int32_t i) const { return L(x.load(j, i, first, k)); }
-            } pack{x, first, k};
+            const auto pack = packOf(x, first, k);
             L r;
             if constexpr (A::desc == Desc::P) r = table<L>(pack);
             else if constexpr (std::is_same<T, float>::value) r = rows<L>(pack);
