@@ -14,8 +14,9 @@
 // vectors (mva) reads the matrix once and multiplies by reciprocals of the
 // diagonal computed once; a single system (mv) and one matrix per vector
 // (mava) divide.  Every other order runs the general loop with dst as its
-// work vector (dst must then not be src2).  One matrix against vectors side
-// by side (interleaved S, P over planes) solves a pack of vectors at once.
+// work vector (dst must then not be src2).  Objects side by side
+// (interleaved S, P over planes) solve a pack of vectors at once: against
+// one matrix through its table, or each against its own matrix and table.
 #pragma once
 
 #include <cstdint>
@@ -29,17 +30,18 @@
 
 namespace kel::factor {
 
-// One straight-line solve.  a(k, j): factor element at position k;
-// p: the table; b: the right-hand side's cursor; scale(i, v): v divided by
-// a(i, i), or times its reciprocal; x: the result's cursor.
+// One straight-line solve over the value type T (one object's, or Lanes
+// for a pack of objects).  a(k, j): factor element at position k; b(k):
+// the right-hand side's element at table position k; scale(i, v): v
+// divided by a(i, i), or times its reciprocal; x: the result's cursor.
 template <int N, class T, class A, class B, class Scale, class X>
-inline void solveFixed(const A& a, const int32_t* p, const B& b, const Scale& scale, const X& x)
+inline void solveFixed(const A& a, const B& b, const Scale& scale, const X& x)
 {
     T y[N];
-    y[0] = b.get(0, p[0]);
+    y[0] = b(0);
 #pragma GCC unroll 8
     for (int i = 1; i < N; ++i) {
-        T v = b.get(0, p[i]);
+        T v = b(i);
 #pragma GCC unroll 8
         for (int j = 1; j < i; ++j) v = v - a(i, j) * y[j];
         y[i] = v - a(i, 0) * y[0];
@@ -101,15 +103,18 @@ struct LuBackSubstKernel {
             for (int i = 0; i < N; ++i) rd[i] = T(1) / m[i][i];
             auto a = [&](int k, int j) { return m[k][j]; };
             auto scale = [&](int i, T v) { return v * rd[i]; };
-            for (int32_t k = 0; k < count; ++k)
-                solveFixed<N, T>(a, p, cursor<W>(src2, k), scale, cursor<W>(dst, k));
+            for (int32_t k = 0; k < count; ++k) {
+                const auto b = cursor<W>(src2, k);
+                solveFixed<N, T>(a, [&](int i) { return b.get(0, p[i]); }, scale, cursor<W>(dst, k));
+            }
         } else {
             for (int32_t k = 0; k < count; ++k) {
                 const int32_t* p = piv.at(k);
                 const auto s = cursor<W>(src, k);
+                const auto b = cursor<W>(src2, k);
                 auto a = [&](int r, int j) { return s.get(p[r], j); };
                 auto scale = [&](int i, T v) { return v / a(i, i); };
-                solveFixed<N, T>(a, p, cursor<W>(src2, k), scale, cursor<W>(dst, k));
+                solveFixed<N, T>(a, [&](int i) { return b.get(0, p[i]); }, scale, cursor<W>(dst, k));
             }
         }
     }
@@ -132,32 +137,58 @@ struct LuBackSubstKernel {
         auto a = [&](int k, int j) { return m[k][j]; };
         auto scale = [&](int i, L v) { return v * rd[i]; };
         forLanes<T>(count, [&](int32_t first, int k) {
-            struct {
-                const LaneOperand<simd::Sse, B>& b;
-                int32_t first;
-                int k;
-                L get(int, int i) const { return b.load(0, i, first, k); }
-            } const in{b, first, k};
-            struct {
-                const LaneOperand<simd::Sse, X>& x;
-                int32_t first;
-                int k;
-                void put(int, int i, L v) const { x.store(0, i, first, v.p, k); }
-            } const out{x, first, k};
-            solveFixed<N, L>(a, p, in, scale, out);
+            const auto in = packOf(b, first, k);
+            solveFixed<N, L>(a, [&](int i) { return in.get(0, p[i]); }, scale, packOf(x, first, k));
+        });
+    }
+
+    // One matrix per vector, side by side: the mava solve of fixed() for a
+    // pack of objects, each lane through its own object's table (its rows
+    // gathered lane by lane).
+    template <int N, class M, class B, class X>
+    static void ownLanes(int32_t count, const M& src, const B& src2, const Dense<const int>& piv, const X& dst)
+    {
+        using T = typename X::Elem;
+        using L = simd::Lanes<T>;
+        const LaneOperand<simd::Sse, M> a(src, N, N);
+        const LaneOperand<simd::Sse, B> b(src2, 1, N);
+        const LaneOperand<simd::Sse, X> x(dst, 1, N);
+        forLanes<T>(count, [&](int32_t first, int k) {
+            const int32_t* p[simd::kLanes<T>] = {};
+            for (int l = 0; l < k; ++l) p[l] = piv.at(first + l);
+            L m[N][N];
+            for (int r = 0; r < N; ++r)
+                for (int j = 0; j < N; ++j) m[r][j] = a.gather(first, k, [&](int l) { return Position{p[l][r], j}; });
+            auto am = [&](int r, int j) { return m[r][j]; };
+            auto bp = [&](int i) { return L(b.gather(first, k, [&](int l) { return Position{0, p[l][i]}; })); };
+            auto scale = [&](int i, L v) { return v / m[i][i]; };
+            solveFixed<N, L>(am, bp, scale, packOf(x, first, k));
         });
     }
 
     template <Path W, class M, class B, class X>
     void bySize(int32_t count, const M& src, const B& src2, const Dense<const int>& piv, const X& dst) const
     {
-        if constexpr (!M::array && X::array && lanesPossible<B>() && lanesPossible<X>() && W != Path::Rows) {
-            if (n >= 3 && n <= 6 && sideBySide(src2) && sideBySide(dst)) {
-                switch (n) {
-                case 3: return sharedLanes<3, W>(count, src, src2, piv, dst);
-                case 4: return sharedLanes<4, W>(count, src, src2, piv, dst);
-                case 5: return sharedLanes<5, W>(count, src, src2, piv, dst);
-                default: return sharedLanes<6, W>(count, src, src2, piv, dst);
+        if constexpr (X::array && lanesPossible<M>() && lanesPossible<B>() && lanesPossible<X>() && W != Path::Rows) {
+            // The result may be b itself, but may not overlap any source
+            // otherwise: it is written after every element of b is read.
+            const Span out = spanOf(dst, count, n, 1);
+            if (n >= 3 && n <= 6 && sideBySide(src) && sideBySide(src2) && sideBySide(dst) &&
+                !spanOf(src, count, n, n).meets(out) && (samePlace(src2, dst) || !spanOf(src2, count, n, 1).meets(out))) {
+                if constexpr (!M::array) {
+                    switch (n) {
+                    case 3: return sharedLanes<3, W>(count, src, src2, piv, dst);
+                    case 4: return sharedLanes<4, W>(count, src, src2, piv, dst);
+                    case 5: return sharedLanes<5, W>(count, src, src2, piv, dst);
+                    default: return sharedLanes<6, W>(count, src, src2, piv, dst);
+                    }
+                } else {
+                    switch (n) {
+                    case 3: return ownLanes<3>(count, src, src2, piv, dst);
+                    case 4: return ownLanes<4>(count, src, src2, piv, dst);
+                    case 5: return ownLanes<5>(count, src, src2, piv, dst);
+                    default: return ownLanes<6>(count, src, src2, piv, dst);
+                    }
                 }
             }
         }

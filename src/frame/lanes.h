@@ -25,6 +25,11 @@ namespace kel {
 // Largest height and width a lanes kernel resolves.
 constexpr int32_t kLaneMaxSide = 8;
 
+// A position (row, column) in an object.
+struct Position {
+    int32_t j, i;
+};
+
 template <class Isa, class V>
 struct LaneOperand {
     using T = typename V::Elem;
@@ -58,6 +63,19 @@ struct LaneOperand {
         } else {
             return k == L ? P::load(p[q] + n) : P::loadPart(p[q] + n, k);
         }
+    }
+    // Element pos(l) = (j, i) of object n + l in lane l, for lanes l < k (the
+    // others zero): positions that differ from lane to lane.
+    template <class F>
+    P gather(int32_t n, int k, F pos) const
+    {
+        static_assert(kRun, "a single object's elements are spread already");
+        alignas(16) T t[L] = {};
+        for (int l = 0; l < k; ++l) {
+            const Position q = pos(l);
+            t[l] = kel::load<T>(p[q.j * kLaneMaxSide + q.i] + n + l);
+        }
+        return P::load(t);
     }
     void store(int32_t j, int32_t i, int32_t n, P x, int k = L) const
     {
