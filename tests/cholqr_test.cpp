@@ -356,8 +356,10 @@ TEST_P(CholQR, MatchesModelOnEveryLayoutAndInPlace)
 {
     const Member& m = member(GetParam());
     const bool inPlace = isCholesky(m) || isDecomp(m);
-    sweep(m, sizeGrid(m), everyForm(), 1, check);
-    if (inPlace) sweep(m, sizeGrid(m), everyForm(), 500, check, true);
+    std::vector<Form> forms = everyForm();
+    forms.push_back(Form::Planes);   // objects side by side
+    sweep(m, sizeGrid(m), forms, 1, check);
+    if (inPlace) sweep(m, sizeGrid(m), forms, 500, check, true);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CholQR, ::testing::ValuesIn(memberNames(kFamilies)), paramName);
@@ -383,18 +385,20 @@ TEST_P(Refusals, StopAtTheFirstRefusedObject)
             if (threads > team) return;
             Sizes sizes = isCholesky(m) ? Sizes{{"size", r.w}} : Sizes{{"width", r.w}, {"height", r.h}};
             if (m.array) sizes["count"] = count;
-            Case s = makeCase(m, sizes, Layout{threads % 2 ? Form::Packed : Form::Random}, 40 + threads);
-            for (int bad : {count / 30, count - 1 - count / 6}) {
-                const int k = (bad + r.w / 2) % std::max(1, reflections(r.w, r.h));
-                for (int i = 0; i < r.h; ++i)
-                    for (int j = 0; j < r.w; ++j)
-                        if (isCholesky(m) ? i == k && j <= k : j == k) s.ops[kSrc].set(bad, i, j, 0.0);
+            for (Form form : {threads % 2 ? Form::Packed : Form::Random, Form::Planes}) {
+                Case s = makeCase(m, sizes, Layout{form}, 40 + threads);
+                for (int bad : {count / 30, count - 1 - count / 6}) {
+                    const int k = (bad + r.w / 2) % std::max(1, reflections(r.w, r.h));
+                    for (int i = 0; i < r.h; ++i)
+                        for (int j = 0; j < r.w; ++j)
+                            if (isCholesky(m) ? i == k && j <= k : j == k) s.ops[kSrc].set(bad, i, j, 0.0);
+                }
+                bool packed = true;
+                for (const Operand& op : s.ops) packed &= op.info.isSize() || op.args.s2 == 0 || op.args.s2 == m.elem;
+                const int32_t limit = packed ? m.limitPacked : m.limitStrided;
+                const bool forked = m.array && threads > 1 && count >= threads && evalEstimate(m.estimate, sizes) >= limit;
+                checkDecomp(s, forked ? teamBlocks(count, threads) : Blocks{{0, count}});
             }
-            bool packed = true;
-            for (const Operand& op : s.ops) packed &= op.info.isSize() || op.args.s2 == 0 || op.args.s2 == m.elem;
-            const int32_t limit = packed ? m.limitPacked : m.limitStrided;
-            const bool forked = m.array && threads > 1 && count >= threads && evalEstimate(m.estimate, sizes) >= limit;
-            checkDecomp(s, forked ? teamBlocks(count, threads) : Blocks{{0, count}});
         });
         if (HasFatalFailure()) return;
     }

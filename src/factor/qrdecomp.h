@@ -9,7 +9,8 @@
 // stored (the solve computes tau again from the tail).  A column whose
 // squared norm is below the tolerance is refused with kelStsDivideByZero,
 // leaving the copy with the reflections before it done.  A square matrix's
-// last column is never tested.
+// last column is never tested.  Objects side by side (interleaved S, P over
+// planes) are reduced a pack of objects at a time, one per lane.
 #pragma once
 
 #include <cmath>
@@ -18,6 +19,8 @@
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "frame/view.h"
 
 namespace kel::factor {
@@ -37,42 +40,77 @@ inline T qrRoot(T n2)
     return static_cast<T>(std::sqrt(static_cast<double>(n2)));
 }
 
+// The same for a pack of objects, one per lane (see qrReduce).
+template <class T>
+inline simd::Lanes<T> qrRoot(simd::Lanes<T> n2)
+{
+    return simd::sqrt(n2.p);   // as rounding the double root: sqrt is correctly rounded in both
+}
+
+// n with the sign that makes n + akk grow: negated unless akk > 0.
+template <class T>
+inline T qrSigned(T akk, T n)
+{
+    return akk > T(0) ? n : -n;
+}
+template <class T>
+inline simd::Lanes<T> qrSigned(simd::Lanes<T> akk, simd::Lanes<T> n)
+{
+    return select(greater(akk, simd::Lanes<T>(T(0))), n, -n);
+}
+
+// Reduces one matrix, or a pack of matrices with V = Lanes<T>: src copied
+// to a, then reflected in place, the reflector in v (get(i), put(i, x)).
+// refuses(n2) tells whether a column's squared norm is refused; then the
+// reduction stops there and returns false.
+template <class T, class V, class S, class A, class Vec, class Refuses>
+inline bool qrReduce(int32_t w, int32_t h, const S& src, const A& a, Vec& v, Refuses refuses)
+{
+    for (int32_t i = 0; i < h; ++i)
+        for (int32_t c = 0; c < w; ++c) a.put(i, c, src.get(i, c));
+    const V zero(T(0)), one(T(1));
+    const int32_t s = qrReflections(w, h);
+    for (int32_t k = 0; k < s; ++k) {
+        V n2 = zero;
+        for (int32_t i = k; i < h; ++i) {
+            const V x = a.get(i, k);
+            n2 = n2 + x * x;
+        }
+        if (refuses(n2)) return false;
+        const V akk = a.get(k, k);
+        const V n = qrSigned(akk, qrRoot(n2));
+        const V r = one / (n + akk);
+        v.put(k, one);
+        V q = one;
+        for (int32_t i = k + 1; i < h; ++i) {
+            const V vi = a.get(i, k) * r;
+            v.put(i, vi);
+            q = q + vi * vi;
+        }
+        const V tau = V(T(-2)) / q;
+        for (int32_t c = k; c < w; ++c) {
+            V t = a.get(k, c);
+            for (int32_t i = k + 1; i < h; ++i) t = t + a.get(i, c) * v.get(i);
+            t = t * tau;
+            for (int32_t i = k; i < h; ++i) a.put(i, c, a.get(i, c) + v.get(i) * t);
+        }
+        for (int32_t i = k + 1; i < h; ++i) a.put(i, k, v.get(i));
+    }
+    return true;
+}
+
 // Reduces one matrix: src copied to a, then reflected in place; v is
 // `h` elements of scratch, at any byte address.
 template <class T, class S, class A>
 inline KelStatus qrFactor(int32_t w, int32_t h, const S& src, const A& a, T* v)
 {
-    for (int32_t i = 0; i < h; ++i)
-        for (int32_t c = 0; c < w; ++c) a.put(i, c, src.get(i, c));
-    const int32_t s = qrReflections(w, h);
-    for (int32_t k = 0; k < s; ++k) {
-        T n2 = T(0);
-        for (int32_t i = k; i < h; ++i) {
-            const T x = a.get(i, k);
-            n2 = n2 + x * x;
-        }
-        if (kQrTolerance<T> > std::fabs(static_cast<double>(n2))) return kelStsDivideByZero;
-        const T akk = a.get(k, k);
-        T n = qrRoot(n2);
-        if (!(akk > T(0))) n = -n;
-        const T r = T(1) / (n + akk);
-        store<T>(v + k, T(1));
-        T q = T(1);
-        for (int32_t i = k + 1; i < h; ++i) {
-            const T vi = a.get(i, k) * r;
-            store<T>(v + i, vi);
-            q = q + vi * vi;
-        }
-        const T tau = T(-2) / q;
-        for (int32_t c = k; c < w; ++c) {
-            T t = a.get(k, c);
-            for (int32_t i = k + 1; i < h; ++i) t = t + a.get(i, c) * load<T>(v + i);
-            t = t * tau;
-            for (int32_t i = k; i < h; ++i) a.put(i, c, a.get(i, c) + load<T>(v + i) * t);
-        }
-        for (int32_t i = k + 1; i < h; ++i) a.put(i, k, load<T>(v + i));
-    }
-    return kelStsNoErr;
+    struct {
+        T* p;
+        T get(int32_t i) const { return load<T>(p + i); }
+        void put(int32_t i, T x) const { store<T>(p + i, x); }
+    } scratch{v};
+    auto refuses = [](T n2) { return kQrTolerance<T> > std::fabs(static_cast<double>(n2)); };
+    return qrReduce<T, T>(w, h, src, a, scratch, refuses) ? kelStsNoErr : kelStsDivideByZero;
 }
 
 // The serial kernel of every member: objects in order, stopping at the
@@ -91,9 +129,67 @@ struct QrDecompKernel {
         return kelStsNoErr;
     }
 
+    // Objects side by side: a pack of objects at a time, one per lane, in
+    // locals; nothing is stored before the whole pack is reduced.  A pack
+    // with a refused object goes again object by object from its first
+    // object, and so does the rest of the array, so that what is written and
+    // where the call stops are those of that path.  The scratch is left as
+    // the last object of the pack leaves it.
+    template <Path W, class S, class D>
+    KelStatus lanes(int32_t count, const S& src, const D& dst, void* scratch) const
+    {
+        using T = typename D::Elem;
+        using L = simd::Lanes<T>;
+        const LaneOperand<simd::Sse, S> in(src, h, w);
+        const LaneOperand<simd::Sse, D> out(dst, h, w);
+        T* buf = static_cast<T*>(scratch);
+        for (int32_t first = 0; first < count; first += simd::kLanes<T>) {
+            const int k = count - first < simd::kLanes<T> ? static_cast<int>(count - first) : simd::kLanes<T>;
+            struct {
+                L m[kLaneMaxSide][kLaneMaxSide];
+                L get(int32_t i, int32_t c) const { return m[i][c]; }
+                void put(int32_t i, int32_t c, L x) { m[i][c] = x; }
+            } a;
+            struct {
+                L x[kLaneMaxSide];
+                L get(int32_t i) const { return x[i]; }
+                void put(int32_t i, L y) { x[i] = y; }
+            } v;
+            auto refuses = [&](L n2) {
+                for (int l = 0; l < k; ++l)
+                    if (kQrTolerance<T> > std::fabs(static_cast<double>(n2.lane(l)))) return true;
+                return false;
+            };
+            struct Ref {
+                decltype(a)& r;
+                L get(int32_t i, int32_t c) const { return r.get(i, c); }
+                void put(int32_t i, int32_t c, L x) const { r.put(i, c, x); }
+            } const am{a};
+            struct VRef {
+                decltype(v)& r;
+                L get(int32_t i) const { return r.get(i); }
+                void put(int32_t i, L y) const { r.put(i, y); }
+            } vm{v};
+            if (!qrReduce<T, L>(w, h, packOf(in, first, k), am, vm, refuses))
+                return objects<W>(count - first, src.slice(first), dst.slice(first), scratch);
+            for (int32_t i = 0; i < h; ++i)
+                for (int32_t c = 0; c < w; ++c) out.store(i, c, first, a.m[i][c].p, k);
+            if (qrReflections(w, h) > 0)
+                for (int32_t i = 0; i < h; ++i) store<T>(buf + i, v.x[i].lane(k - 1));
+        }
+        return kelStsNoErr;
+    }
+
     template <class S, class B, class D>
     KelStatus operator()(int32_t count, void* scratch, const S& src, const B&, const D& dst) const
     {
+        if constexpr (S::array && lanesPossible<S>() && lanesPossible<D>()) {
+            if (w <= kLaneMaxSide && h <= kLaneMaxSide && sideBySide(src) && sideBySide(dst) &&
+                pathOf(src, dst) != Path::Rows && !overlapsSources(dst, count, w, h, src)) {
+                if constexpr (S::desc == Desc::P) return lanes<Path::Table>(count, src, dst, scratch);
+                else return lanes<Path::Strided>(count, src, dst, scratch);
+            }
+        }
         if constexpr (S::desc == Desc::P) return objects<Path::Table>(count, src, dst, scratch);
         else if (pathOf(src, dst) == Path::Rows) return objects<Path::Rows>(count, src, dst, scratch);
         else return objects<Path::Strided>(count, src, dst, scratch);

@@ -23,8 +23,9 @@ struct Lanes {
     friend Lanes operator-(Lanes a, Lanes b) { return a.p - b.p; }
     friend Lanes operator*(Lanes a, Lanes b) { return a.p * b.p; }
     friend Lanes operator/(Lanes a, Lanes b) { return a.p / b.p; }
-    // Magnitudes, an ordered comparison (false where either is a NaN) and
+    // Negation, magnitudes, an ordered comparison (false where either is a NaN) and
     // equality as lane masks, and a choice by mask: mask ? a : b, lane by lane.
+    friend Lanes operator-(Lanes a) { return simd::neg(a.p); }
     friend Lanes abs(Lanes a) { return simd::abs(a.p); }
     friend Lanes greater(Lanes a, Lanes b) { return simd::greater(a.p, b.p); }
     friend Lanes equal(Lanes a, Lanes b) { return simd::equal(a.p, b.p); }
