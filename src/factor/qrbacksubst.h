@@ -10,7 +10,8 @@
 // Square matrices of order 3 to 6 run straight-line code with z in locals
 // and leave the scratch alone; one matrix against many vectors (mva) reads
 // the matrix and computes its -2 / q once.  Every other shape keeps z in the
-// scratch.
+// scratch.  Square objects side by side (interleaved S, P over planes) run
+// the straight-line solve a pack of objects at a time, one per lane.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +19,8 @@
 #include "factor/qrdecomp.h"
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
+#include "frame/pairs.h"
 #include "frame/view.h"
 
 namespace kel::factor {
@@ -57,7 +60,8 @@ inline void qrSolveLoop(int32_t w, int32_t h, const M& m, const B& b, const X& x
         w, [&](int32_t i) { return load<T>(z + i); }, [&](int32_t i, int32_t j) { return m.get(i, j); }, x);
 }
 
-// A square matrix of order N in locals, with -2 / q of each reflector.
+// A square matrix of order N in locals, with -2 / q of each reflector; T is
+// the element type, or Lanes for a pack of objects.
 template <int N, class T>
 struct QrSquare {
     T a[N][N];
@@ -129,6 +133,48 @@ struct QrSolveKernel {
         }
     }
 
+    // Square objects side by side: square() for a pack of objects at once.
+    template <int N, class M, class B, class X>
+    static void squareLanes(int32_t count, const M& src, const B& src2, const X& dst)
+    {
+        using L = simd::Lanes<typename X::Elem>;
+        constexpr int kL = simd::kLanes<typename X::Elem>;
+        const LaneOperand<simd::Sse, M> m(src, N, N);
+        const LaneOperand<simd::Sse, B> b(src2, 1, N);
+        const LaneOperand<simd::Sse, X> x(dst, 1, N);
+        if constexpr (!M::array) {
+            const QrSquare<N, L> a(packOf(m, 0, kL));
+            forLanes<typename X::Elem>(count, [&](int32_t first, int k) { a.solve(packOf(b, first, k), packOf(x, first, k)); });
+        } else {
+            forLanes<typename X::Elem>(count, [&](int32_t first, int k) {
+                QrSquare<N, L>(packOf(m, first, k)).solve(packOf(b, first, k), packOf(x, first, k));
+            });
+        }
+    }
+
+    // Whether square objects side by side take squareLanes: the result may
+    // be b itself, but may overlap no source otherwise.
+    template <class M, class B, class X>
+    bool lanes(int32_t count, const M& src, const B& src2, const X& dst) const
+    {
+        if constexpr (!X::array || !lanesPossible<M>() || !lanesPossible<B>() || !lanesPossible<X>()) {
+            (void)count, (void)src, (void)src2, (void)dst;
+            return false;
+        } else {
+            if (w != h || w < 3 || w > 6 || !sideBySide(src) || !sideBySide(src2) || !sideBySide(dst)) return false;
+            const Span out = spanOf(dst, count, w, 1);
+            if (spanOf(src, count, w, w).meets(out) || (!samePlace(src2, dst) && spanOf(src2, count, w, 1).meets(out)))
+                return false;
+            switch (w) {
+            case 3: squareLanes<3>(count, src, src2, dst); break;
+            case 4: squareLanes<4>(count, src, src2, dst); break;
+            case 5: squareLanes<5>(count, src, src2, dst); break;
+            default: squareLanes<6>(count, src, src2, dst); break;
+            }
+            return true;
+        }
+    }
+
     template <Path W, class M, class B, class X>
     void byShape(int32_t count, const M& src, const B& src2, const X& dst, void* scratch) const
     {
@@ -150,6 +196,7 @@ struct QrSolveKernel {
     template <class M, class B, class P, class X>
     KelStatus operator()(int32_t count, void* scratch, const M& src, const B& src2, const P&, const X& dst) const
     {
+        if (lanes(count, src, src2, dst)) return kelStsNoErr;
         if constexpr (M::desc == Desc::P) byShape<Path::Table>(count, src, src2, dst, scratch);
         else if (pathOf(src, src2, dst) == Path::Rows) byShape<Path::Rows>(count, src, src2, dst, scratch);
         else byShape<Path::Strided>(count, src, src2, dst, scratch);
