@@ -109,45 +109,37 @@ struct CholSolveKernel {
     }
 
     // Objects side by side: the solve of the call's order for a pack of
-    // objects at once.  A result that overlaps a source other than exactly
-    // (in place of b) goes object by object.
+    // objects at once.
     template <class M, class B, class X>
     bool lanes(int32_t count, const M& src, const B& src2, const X& dst) const
     {
-        if constexpr (!X::array || !lanesPossible<M>() || !lanesPossible<B>() || !lanesPossible<X>()) {
-            (void)count, (void)src, (void)src2, (void)dst;
-            return false;
-        } else {
-            using T = typename X::Elem;
-            using L = simd::Lanes<T>;
-            if (n > kLaneMaxSide || !sideBySide(src) || !sideBySide(src2) || !sideBySide(dst)) return false;
-            const Span out = spanOf(dst, count, n, 1);
-            if (spanOf(src, count, n, n).meets(out) || (!samePlace(src2, dst) && spanOf(src2, count, n, 1).meets(out)))
-                return false;
-            const LaneOperand<simd::Sse, M> m(src, n, n);
-            const LaneOperand<simd::Sse, B> b(src2, 1, n);
-            const LaneOperand<simd::Sse, X> x(dst, 1, n);
-            forLanes<T>(count, [&](int32_t first, int k) {
-                const auto l = packOf(m, first, k);
-                const auto lf = [&](int i, int j) { return l.get(i, j); };
-                const auto bp = packOf(b, first, k);
-                const auto xp = packOf(x, first, k);
-                switch (n) {
-                case 3: cholSolveFixed<3, L>(lf, bp, xp); break;
-                case 4: cholSolveFixed<4, L>(lf, bp, xp); break;
-                case 5: cholSolveFixed<5, L>(lf, bp, xp); break;
-                case 6: cholSolveFixed<6, L>(lf, bp, xp); break;
-                default: cholSolveLoop<L>(n, l, bp, xp);
-                }
-            });
-            return true;
-        }
+        using T = typename X::Elem;
+        using L = simd::Lanes<T>;
+        if (!solveSideBySide(count, n, src, src2, dst)) return false;
+        const LaneOperand<simd::Sse, M> m(src, n, n);
+        const LaneOperand<simd::Sse, B> b(src2, 1, n);
+        const LaneOperand<simd::Sse, X> x(dst, 1, n);
+        forLanes<T>(count, [&](int32_t first, int k) {
+            const auto l = packOf(m, first, k);
+            const auto lf = [&](int i, int j) { return l.get(i, j); };
+            const auto bp = packOf(b, first, k);
+            const auto xp = packOf(x, first, k);
+            switch (n) {
+            case 3: cholSolveFixed<3, L>(lf, bp, xp); break;
+            case 4: cholSolveFixed<4, L>(lf, bp, xp); break;
+            case 5: cholSolveFixed<5, L>(lf, bp, xp); break;
+            case 6: cholSolveFixed<6, L>(lf, bp, xp); break;
+            default: cholSolveLoop<L>(n, l, bp, xp);
+            }
+        });
+        return true;
     }
 
     template <class M, class B, class X>
     KelStatus operator()(int32_t count, void*, const M& src, const B& src2, const X& dst) const
     {
-        if (lanes(count, src, src2, dst)) return kelStsNoErr;
+        if constexpr (solveLanesPossible<M, B, X>())
+            if (lanes(count, src, src2, dst)) return kelStsNoErr;
         if constexpr (M::desc == Desc::P) bySize<Path::Table>(count, src, src2, dst);
         else if (pathOf(src, src2, dst) == Path::Rows) bySize<Path::Rows>(count, src, src2, dst);
         else bySize<Path::Strided>(count, src, src2, dst);

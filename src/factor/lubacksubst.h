@@ -169,12 +169,8 @@ struct LuBackSubstKernel {
     template <Path W, class M, class B, class X>
     void bySize(int32_t count, const M& src, const B& src2, const Dense<const int>& piv, const X& dst) const
     {
-        if constexpr (X::array && lanesPossible<M>() && lanesPossible<B>() && lanesPossible<X>() && W != Path::Rows) {
-            // The result may be b itself, but may not overlap any source
-            // otherwise: it is written after every element of b is read.
-            const Span out = spanOf(dst, count, n, 1);
-            if (n >= 3 && n <= 6 && sideBySide(src) && sideBySide(src2) && sideBySide(dst) &&
-                !spanOf(src, count, n, n).meets(out) && (samePlace(src2, dst) || !spanOf(src2, count, n, 1).meets(out))) {
+        if constexpr (solveLanesPossible<M, B, X>() && W != Path::Rows) {
+            if (n >= 3 && n <= 6 && solveSideBySide(count, n, src, src2, dst)) {
                 if constexpr (!M::array) {
                     switch (n) {
                     case 3: return sharedLanes<3, W>(count, src, src2, piv, dst);

@@ -152,27 +152,18 @@ struct QrSolveKernel {
         }
     }
 
-    // Whether square objects side by side take squareLanes: the result may
-    // be b itself, but may overlap no source otherwise.
+    // Whether square objects side by side take squareLanes.
     template <class M, class B, class X>
     bool lanes(int32_t count, const M& src, const B& src2, const X& dst) const
     {
-        if constexpr (!X::array || !lanesPossible<M>() || !lanesPossible<B>() || !lanesPossible<X>()) {
-            (void)count, (void)src, (void)src2, (void)dst;
-            return false;
-        } else {
-            if (w != h || w < 3 || w > 6 || !sideBySide(src) || !sideBySide(src2) || !sideBySide(dst)) return false;
-            const Span out = spanOf(dst, count, w, 1);
-            if (spanOf(src, count, w, w).meets(out) || (!samePlace(src2, dst) && spanOf(src2, count, w, 1).meets(out)))
-                return false;
-            switch (w) {
-            case 3: squareLanes<3>(count, src, src2, dst); break;
-            case 4: squareLanes<4>(count, src, src2, dst); break;
-            case 5: squareLanes<5>(count, src, src2, dst); break;
-            default: squareLanes<6>(count, src, src2, dst); break;
-            }
-            return true;
+        if (w != h || w < 3 || w > 6 || !solveSideBySide(count, w, src, src2, dst)) return false;
+        switch (w) {
+        case 3: squareLanes<3>(count, src, src2, dst); break;
+        case 4: squareLanes<4>(count, src, src2, dst); break;
+        case 5: squareLanes<5>(count, src, src2, dst); break;
+        default: squareLanes<6>(count, src, src2, dst); break;
         }
+        return true;
     }
 
     template <Path W, class M, class B, class X>
@@ -196,7 +187,8 @@ struct QrSolveKernel {
     template <class M, class B, class P, class X>
     KelStatus operator()(int32_t count, void* scratch, const M& src, const B& src2, const P&, const X& dst) const
     {
-        if (lanes(count, src, src2, dst)) return kelStsNoErr;
+        if constexpr (solveLanesPossible<M, B, X>())
+            if (lanes(count, src, src2, dst)) return kelStsNoErr;
         if constexpr (M::desc == Desc::P) byShape<Path::Table>(count, src, src2, dst, scratch);
         else if (pathOf(src, src2, dst) == Path::Rows) byShape<Path::Rows>(count, src, src2, dst, scratch);
         else byShape<Path::Strided>(count, src, src2, dst, scratch);

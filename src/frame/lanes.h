@@ -112,6 +112,23 @@ constexpr bool lanesPossible()
     else return V::desc != Desc::L;
 }
 
+// A solve's operands (a matrix of order n, right-hand sides b, results x)
+// that can go a pack of objects at a time: x an array, all of them side by
+// side, and x overlapping no source, or b exactly (every solve writes x
+// after it has read all of b).
+template <class M, class B, class X>
+constexpr bool solveLanesPossible()
+{
+    return X::array && lanesPossible<M>() && lanesPossible<B>() && lanesPossible<X>();
+}
+template <class M, class B, class X>
+bool solveSideBySide(int32_t count, int32_t n, const M& m, const B& b, const X& x)
+{
+    if (n > kLaneMaxSide || !sideBySide(m) || !sideBySide(b) || !sideBySide(x)) return false;
+    const Span out = spanOf(x, count, n, 1);
+    return !spanOf(m, count, n, n).meets(out) && (samePlace(b, x) || !spanOf(b, count, n, 1).meets(out));
+}
+
 // Objects n = 0, kLanes, ... of `count` in packs, the last one partial:
 // f(n, k) with k objects.  Unroll: full packs per step, for bodies so
 // short that the loop's own work counts.
