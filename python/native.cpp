@@ -158,15 +158,17 @@ PyObject* version(PyObject*, PyObject*)
 // A recipe is one numpy-level operation as a few member calls over operands
 // whose object shapes are named by letters ("nk", "km" -> "nm").  Calling it
 // with the input arrays runs the members straight from here when the call is
-// the plain case: exact ndarrays of one native float type, the same stack
-// shape (no broadcasting), stack axes that merge into one array axis with a
-// positive stride, object strides of positive whole elements, no empty axis,
-// every byte offset within 31 bits, and every member returning status 0.
-// Otherwise it returns None and the Python engine does the call (and raises
-// what it must), so the recipe changes how fast a result comes, never which
-// result: it picks the members the engine picks (the array forms when more
-// than one object moves, the single forms otherwise) and allocates results
-// as the engine does, C-contiguous.
+// the plain case: exact ndarrays of one native float type; inputs that are
+// stacks of one shape, or single objects against them (numpy.broadcast_to
+// included); stack axes that merge into one array axis, walked forwards by
+// every input or backwards by every input; object strides of positive whole
+// elements; no empty axis; every byte offset within 31 bits; and every
+// member returning status 0 (a masked recipe answers refused objects with
+// NaN and a mask instead).  Otherwise it returns None and the Python engine
+// does the call (and raises what it must), so a recipe changes how fast a
+// result comes, never which result: it picks the members the engine picks
+// (by which inputs move along the stack) and allocates results as the
+// engine does, C-contiguous in the order the members walk them.
 
 enum GroupKind { kMatrix, kMatrixArray, kVector, kVectorArray, kRun, kBuffer, kSize, kCount };
 
@@ -276,7 +278,6 @@ void recipeDealloc(Recipe* r)
 struct Bound {
     char* base = nullptr;
     long long s0 = 0, s1 = 0, s2 = 0;
-    PyArrayObject* arr = nullptr;  // owned for results and temporaries
 };
 
 // The stack axes of length > 1 must step evenly, each outer stride the
@@ -535,16 +536,21 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
         if (op.run && op.role == 'i')   // passed as a plain run of objects
             plain = plain && PyArray_IS_C_CONTIGUOUS(a);
     }
+    // A mirrored input is copied in the caller's order: the results must be
+    // in that order too.
+    bool mirrored = false;
+    for (int i = 0; i < nops; ++i) mirrored = mirrored || source[i] != nullptr;
     const bool flipped = backwards > 0;
-    // The members' calls for objects first .. first + n - 1.
-    auto runSteps = [&](long long first, long long n) -> KelStatus {
+    plain = plain && !(flipped && mirrored);
+    // The members' calls for objects from .. from + n - 1.
+    auto runSteps = [&](long long from, long long n) -> KelStatus {
         for (const Step& step : *r->steps) {
             const kp::Member& m = kp::kMembers[step.member[isDouble][mask]];
             kp::Slot slots[kMaxArgs];
             int k = 0;
             for (const GroupArg& g : step.args[isDouble][mask]) {
                 const Bound& b = bound[g.operand];
-                char* base = b.base + first * b.s0;
+                char* base = b.base + from * b.s0;
                 switch (g.kind) {
                 case kMatrix: slots[k++].p = base; slots[k++].i = b.s1; slots[k++].i = b.s2; break;
                 case kMatrixArray:
