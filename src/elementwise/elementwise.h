@@ -62,7 +62,7 @@ bool rowReady(const V& v)
 // Single objects are loaded once, before the loop over objects.  The view is
 // copied in and row offsets precomputed, so that nothing is reloaded from
 // memory inside the loop (stores to the result may alias any memory).
-template <class Isa, class T, int W, int H, class V>
+template <class Isa, class T, int W, int H, class V, bool Packed = false>
 struct RowSource {
     using R = simd::Row<Isa, T, W>;
     static constexpr bool kHeld = !V::array || V::kind == Kind::Constant;
@@ -92,7 +92,8 @@ struct RowSource {
             if constexpr (V::array) return R::splat(v.get(n));
             else return held[0];
         } else if constexpr (V::array) {
-            return R::load(offset(obj, rowOff[j]));
+            // Packed rows follow one another: constant offsets.
+            return R::load(Packed ? obj + j * W : offset(obj, rowOff[j]));
         } else {
             return held[j];
         }
@@ -100,13 +101,13 @@ struct RowSource {
 };
 
 // Straight-line path: W x H objects (H = 1 for vectors), sizes known.
-template <class Op, class Isa, int W, int H, class A, class B, class D>
+template <class Op, class Isa, int W, int H, bool Packed = false, class A, class B, class D>
 void rowsFixed(int32_t count, const A& a, const B& b, const D& d)
 {
     using T = typename D::Elem;
     using R = simd::Row<Isa, T, W>;
-    const RowSource<Isa, T, W, H, A> left(a);
-    const RowSource<Isa, T, W, H, B> right(b);
+    const RowSource<Isa, T, W, H, A, Packed> left(a);
+    const RowSource<Isa, T, W, H, B, Packed> right(b);
     const D out = d;
     int32_t outOff[H];
     for (int j = 0; j < H; ++j) outOff[j] = mul32(j, out.s1);
@@ -116,7 +117,7 @@ void rowsFixed(int32_t count, const A& a, const B& b, const D& d)
         T* pd = out.object(n);
         for (int j = 0; j < H; ++j) {
             R r = zip(left.row(pa, n, j), right.row(pb, n, j), [](auto x, auto y) { return Op::apply(x, y); });
-            r.store(offset(pd, outOff[j]));
+            r.store(Packed ? pd + j * W : offset(pd, outOff[j]));
         }
     }
 }
@@ -398,12 +399,22 @@ struct Kernel {
         else return rowsPossible<V>() && (!V::array || V::desc == Desc::S);
     }
 
+    template <int N, class V>
+    static bool packedRows(const V& v)
+    {
+        if constexpr (V::kind == Kind::Constant || !V::array) return true;
+        else return v.s2 == kElem<typename V::Elem> && v.s1 == N * kElem<typename V::Elem>;
+    }
+
     template <int N, class A, class B, class D>
     bool tryFixed(int32_t count, const A& a, const B& b, const D& d) const
     {
         constexpr int H = D::kind == Kind::Vector ? 1 : N;
         if (w != N || h != H) return false;
-        rowsFixed<Op, Isa, N, H>(count, a, b, d);
+        // Rows that follow one another in every array operand (L tables of
+        // packed objects above all) take constant row offsets.
+        if (packedRows<N>(a) && packedRows<N>(b) && packedRows<N>(d)) rowsFixed<Op, Isa, N, H, true>(count, a, b, d);
+        else rowsFixed<Op, Isa, N, H>(count, a, b, d);
         return true;
     }
 
