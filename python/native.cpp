@@ -179,7 +179,8 @@ struct GroupArg {
 
 struct Operand {
     char role;             // 'i' input, 'L'/'U' symmetric input read by its lower/upper triangle,
-                           // 'o' result, 't' temporary, 'b' scratch
+                           // 'o' result, 'z' result that starts as zeros, 't' temporary,
+                           // 'b' scratch
     bool int32;            // a table of int32 (pivots) instead of the call's floats
     char dims[4];          // letters of the object's axes
     int core;              // number of object axes
@@ -372,6 +373,7 @@ void ascending(T* values, T* vectors, long long count, long long n)
 }
 
 bool isInput(char role) { return role == 'i' || role == 'L' || role == 'U'; }
+bool isResult(char role) { return role == 'o' || role == 'z'; }
 
 // The statuses that refuse one object of an array (the others concern the
 // whole call).
@@ -475,11 +477,12 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
             PyMem_Free(scratch[i]);
         }
     };
-    auto fresh = [&](int i, int core, const char* dims, int dtype) {
+    auto fresh = [&](int i, int core, const char* dims, int dtype, bool zeros) {
         npy_intp shape[NPY_MAXDIMS];
         for (int k = 0; k < stackNd; ++k) shape[k] = PyArray_DIM(first, k);
         for (int c = 0; c < core; ++c) shape[stackNd + c] = dim[static_cast<unsigned char>(dims[c])];
-        owned[i] = reinterpret_cast<PyArrayObject*>(PyArray_SimpleNew(stackNd + core, shape, dtype));
+        owned[i] = reinterpret_cast<PyArrayObject*>(
+            zeros ? PyArray_ZEROS(stackNd + core, shape, dtype, 0) : PyArray_SimpleNew(stackNd + core, shape, dtype));
         return owned[i];
     };
     // Every input that moves along the stack must walk it the same way; a
@@ -503,12 +506,12 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
         if (op.role == 'i') {
             a = reinterpret_cast<PyArrayObject*>(argv[i]);
         } else {
-            if (!fresh(i, op.core, op.dims, op.int32 ? NPY_INT32 : type)) {
+            if (!fresh(i, op.core, op.dims, op.int32 ? NPY_INT32 : type, op.role == 'z')) {
                 release();
                 return nullptr;
             }
             a = owned[i];
-            if (op.role != 'o' && op.role != 't') {   // mirrored: read from the caller's array
+            if (isInput(op.role)) {   // mirrored: read from the caller's array
                 PyArrayObject* in = reinterpret_cast<PyArrayObject*>(argv[i]);
                 plain = (!arrays || !single[i]) && evenStack(in, PyArray_NDIM(in) - 2, &sourceStrides[i][0]) &&
                         (!arrays || sourceStrides[i][0] != 0);
@@ -621,7 +624,7 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
                     }
                     refused[k] = 1;
                     for (int i = 0; i < nops; ++i) {
-                        if (ops[i].role != 'o') continue;
+                        if (!isResult(ops[i].role)) continue;
                         long long per = 1;
                         for (int c = 0; c < ops[i].core; ++c) per *= dim[static_cast<unsigned char>(ops[i].dims[c])];
                         char* out = bound[i].base + k * bound[i].s0;
@@ -647,14 +650,14 @@ PyObject* recipeCall(Recipe* r, PyObject* const* argv, size_t nargsf, PyObject* 
     }
     if (plain && st == 0) {
         int results = refusedArr != nullptr;
-        for (const Operand& op : ops) results += op.role == 'o';
+        for (const Operand& op : ops) results += isResult(op.role);
         if (results == 1) {
             for (int i = 0; i < nops; ++i)
-                if (ops[i].role == 'o') result = callersView(owned[i], stackNd, flipped);
+                if (isResult(ops[i].role)) result = callersView(owned[i], stackNd, flipped);
         } else {
             result = PyTuple_New(results);
             for (int i = 0, k = 0; result && i < nops; ++i)
-                if (ops[i].role == 'o') {
+                if (isResult(ops[i].role)) {
                     PyObject* v = callersView(owned[i], stackNd, flipped);
                     if (!v) {
                         Py_CLEAR(result);
@@ -688,7 +691,7 @@ PyTypeObject kRecipeType = {PyVarObject_HEAD_INIT(nullptr, 0)};
 
 // recipe(operands, steps) -> a callable
 //   operands: (role, dims, int32, buf) per operand, inputs first; role 'i',
-//             'L', 'U', 'o', 't' or 'b'; buf (a, b, c, letter) for scratch of a*n*n + b*n + c
+//             'L', 'U', 'o', 'z', 't' or 'b'; buf (a, b, c, letter) for scratch of a*n*n + b*n + c
 //             elements, n the letter's dimension
 //   steps:    (member indices, operand index per group, {size: letter});
 //             the members of floats then doubles, by mask of the inputs
@@ -722,9 +725,9 @@ PyObject* recipe(PyObject*, PyObject* args)
         op.role = role[0];
         op.int32 = int32;
         op.core = static_cast<int>(std::strlen(dims));
-        if (op.core > 2 || std::strchr("iLUotb", op.role) == nullptr || (isInput(op.role) && i != inputs) ||
+        if (op.core > 2 || std::strchr("iLUoztb", op.role) == nullptr || (isInput(op.role) && i != inputs) ||
             (op.role != 'i' && isInput(op.role) && (op.core != 2 || dims[0] != dims[1]))) {
-            PyErr_SetString(PyExc_ValueError, "recipe operands: inputs first, roles i/L/U/o/t/b, at most two axes, "
+            PyErr_SetString(PyExc_ValueError, "recipe operands: inputs first, roles i/L/U/o/z/t/b, at most two axes, "
                                               "a symmetric input square");
             return nullptr;
         }
@@ -757,7 +760,7 @@ PyObject* recipe(PyObject*, PyObject* args)
     }
     const int nops = static_cast<int>(ops->size());
     for (const int k : {orderValues, orderVectors})
-        if (k >= nops || (k >= 0 && (*ops)[k].role != 'o')) {
+        if (k >= nops || (k >= 0 && !isResult((*ops)[k].role))) {
             PyErr_SetString(PyExc_ValueError, "a recipe orders results only");
             return nullptr;
         }

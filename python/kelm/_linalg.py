@@ -217,6 +217,11 @@ def solve(a, b, *, errors="raise"):
 
 
 # -- Cholesky ---------------------------------------------------------------------
+# The factor starts as zeros (its strict upper triangle is never written).
+_CHO_FACTOR = recipe([("i", "nn"), ("z", "nn")], [("CholeskyDecomp", "m0", (0, 1), {"size": "n"})], masked=True)
+_CHO_SOLVE = recipe([("i", "nn"), ("i", "n"), ("o", "n")], [("CholeskyBackSubst", "m0v1", (0, 1, 2), {"size": "n"})])
+
+
 def cho_factor(a, *, errors="raise"):
     """kelm's Cholesky factor of a stack of symmetric positive definite
     matrices, as kelm stores it: the lower triangle holds L below the
@@ -231,6 +236,9 @@ def cho_factor(a, *, errors="raise"):
            [1. , 0.5]])
     """
     check_errors(errors)
+    fast = _CHO_FACTOR(a)
+    if fast is not None and (errors == "mask" or not fast[1].any()):
+        return fast if errors == "mask" else fast[0]
     a = square(as_real(a, "a"), "a")
     n = a.shape[-1]
     stack = a.shape[:-2]
@@ -251,6 +259,12 @@ def cho_solve(c, b, out=None):
     >>> kelm.cho_solve(kelm.cho_factor([[4., 0.], [0., 1.]]), [4., 1.])
     array([1., 1.])
     """
+    # b of one dimension less than c is a stack of vectors (numpy's rule); a
+    # b with as many is a stack of matrices, which the engine takes.
+    if out is None and np.ndim(b) == np.ndim(c) - 1:
+        r = _CHO_SOLVE(c, b)
+        if r is not None:
+            return r
     c = square(as_real(c, "c"), "c")
     b = as_real(b, "b")
     dt = common_type(c, b)

@@ -32,6 +32,8 @@ def test_cholesky(dtype, n):
         close(kelm.cholesky(v), want, dtype, scale=n, factor=64)
     b = rng(1).standard_normal((5, n)).astype(dtype)
     close(kelm.cho_solve(kelm.cho_factor(a), b), np.linalg.solve(a, b), dtype, scale=n, factor=256)
+    bm = rng(3).standard_normal((n, n)).astype(dtype)     # as many dimensions as the factor: columns
+    close(kelm.cho_solve(kelm.cho_factor(a[0]), bm), np.linalg.solve(a[0], bm), dtype, scale=n, factor=256)
     bad = a.copy()
     bad[2] = -np.eye(n, dtype=dtype)
     with pytest.raises(kelm.NotPositiveDefiniteError) as e:

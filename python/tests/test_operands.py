@@ -253,8 +253,10 @@ def test_plain_calls_give_the_engines_bits(dtype, stack):
     a = well_conditioned(stack + (4, 4), dtype)
     b = well_conditioned(stack + (4, 4), dtype, seed=1)
     v = rng(2).standard_normal(stack + (4,)).astype(dtype)
+    spd = a @ np.swapaxes(a, -1, -2)
     cases = [(kelm.add, (b,)), (kelm.subtract, (b,)), (kelm.matmul, (b,)), (kelm.matvec, (v,)), (kelm.inv, ()),
-             (kelm.det, ()), (kelm.solve, (v,))]
+             (kelm.det, ()), (kelm.solve, (v,)), (kelm.cho_solve, (v,)), (lambda x: kelm.cho_factor(x + spd), ()),
+             (lambda x: kelm.cho_solve(spd, x[..., 0]), ())]
     # eigh reads one triangle (the other holds junk); equal values keep
     # their order.
     a[..., 0, 3] = 7
@@ -271,6 +273,7 @@ def test_plain_calls_give_the_engines_bits(dtype, stack):
     bad.reshape((-1, 4, 4))[0] = 0
     bad.reshape((-1, 4, 4))[-1, 2] = 0
     refusing = [(lambda x: kelm.inv(x, errors="mask"), ()), (lambda x: kelm.solve(x, v, errors="mask"), ()),
+                (lambda x: kelm.cho_factor(x, errors="mask"), ()),
                 (lambda x: kelm.eigh(x, errors="mask"), ()), (kelm.eigvalsh, ())]
     for f, rest, arr in [c + (a,) for c in cases] + [c + (bad,) for c in refusing]:
         for name, x in layouts(arr):
