@@ -402,7 +402,7 @@ struct Kernel {
     template <int N, class V>
     static bool packedRows(const V& v)
     {
-        if constexpr (V::kind == Kind::Constant || !V::array) return true;
+        if constexpr (V::kind == Kind::Constant) return true;
         else return v.s2 == kElem<typename V::Elem> && v.s1 == N * kElem<typename V::Elem>;
     }
 
