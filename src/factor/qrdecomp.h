@@ -30,6 +30,13 @@ namespace kel::factor {
 template <class T>
 inline constexpr double kQrTolerance = std::is_same_v<T, float> ? 0x1p-23 : 0x1p-52;
 
+// Whether a column's squared norm is refused.
+template <class T>
+inline bool qrRefuses(T n2)
+{
+    return kQrTolerance<T> > std::fabs(static_cast<double>(n2));
+}
+
 // Number of reflections of a height x width matrix.
 inline int32_t qrReflections(int32_t w, int32_t h) { return w == h ? w - 1 : w; }
 
@@ -64,7 +71,7 @@ inline simd::Lanes<T> qrSigned(simd::Lanes<T> akk, simd::Lanes<T> n)
 // refuses(n2) tells whether a column's squared norm is refused; then the
 // reduction stops there and returns false.
 template <class T, class V, class S, class A, class Vec, class Refuses>
-inline bool qrReduce(int32_t w, int32_t h, const S& src, const A& a, Vec& v, Refuses refuses)
+inline bool qrReduce(int32_t w, int32_t h, const S& src, A&& a, Vec&& v, Refuses refuses)
 {
     for (int32_t i = 0; i < h; ++i)
         for (int32_t c = 0; c < w; ++c) a.put(i, c, src.get(i, c));
@@ -109,8 +116,7 @@ inline KelStatus qrFactor(int32_t w, int32_t h, const S& src, const A& a, T* v)
         T get(int32_t i) const { return load<T>(p + i); }
         void put(int32_t i, T x) const { store<T>(p + i, x); }
     } scratch{v};
-    auto refuses = [](T n2) { return kQrTolerance<T> > std::fabs(static_cast<double>(n2)); };
-    return qrReduce<T, T>(w, h, src, a, scratch, refuses) ? kelStsNoErr : kelStsDivideByZero;
+    return qrReduce<T, T>(w, h, src, a, scratch, qrRefuses<T>) ? kelStsNoErr : kelStsDivideByZero;
 }
 
 // The serial kernel of every member: objects in order, stopping at the
@@ -157,20 +163,10 @@ struct QrDecompKernel {
             } v;
             auto refuses = [&](L n2) {
                 for (int l = 0; l < k; ++l)
-                    if (kQrTolerance<T> > std::fabs(static_cast<double>(n2.lane(l)))) return true;
+                    if (qrRefuses(n2.lane(l))) return true;
                 return false;
             };
-            struct Ref {
-                decltype(a)& r;
-                L get(int32_t i, int32_t c) const { return r.get(i, c); }
-                void put(int32_t i, int32_t c, L x) const { r.put(i, c, x); }
-            } const am{a};
-            struct VRef {
-                decltype(v)& r;
-                L get(int32_t i) const { return r.get(i); }
-                void put(int32_t i, L y) const { r.put(i, y); }
-            } vm{v};
-            if (!qrReduce<T, L>(w, h, packOf(in, first, k), am, vm, refuses))
+            if (!qrReduce<T, L>(w, h, packOf(in, first, k), a, v, refuses))
                 return objects<W>(count - first, src.slice(first), dst.slice(first), scratch);
             for (int32_t i = 0; i < h; ++i)
                 for (int32_t c = 0; c < w; ++c) out.store(i, c, first, a.m[i][c].p, k);
