@@ -696,8 +696,8 @@ def recipe(operands, steps, order=None, masked=False):
     operands  (role, object axes as letters[, int32][, scratch]) per
               operand, inputs first: role "i" input, "L"/"U" a symmetric
               input read by its lower/upper triangle, "o" result, "z"
-              result that starts as zeros, "t" temporary, "b" scratch of a*n*n + b*n + c elements given as
-              (a, b, c, letter of n)
+              result that starts as zeros, "t" temporary, "b" scratch of
+              a*n*n + b*n + c elements given as (a, b, c, letter of n)
     steps     (family, code, operand per group, {size name: letter}) per
               member call, in order; the code names the operands of the
               member's name by letter and operand number ("m0v1"), each of
