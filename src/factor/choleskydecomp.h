@@ -12,8 +12,8 @@
 // off-diagonals of row i written and everything from its diagonal on as it
 // was.  Orders 3 to 6 hold the factor in locals as well (straight-line code
 // from one template per order); every other order reads it back from dst.
-// Objects side by side (interleaved S, P over planes) of orders 3 to 6 go a
-// pack at a time, one object per lane.
+// Objects side by side (interleaved S, P over planes) and packed objects of
+// S arrays of orders 3 to 6 go a pack at a time, one object per lane.
 #pragma once
 
 #include <cmath>
@@ -111,12 +111,38 @@ struct CholDecompKernel {
         return kelStsNoErr;
     }
 
-    // Objects side by side, orders 3 to 6: a pack of objects at a time, one
-    // object per lane, with the arithmetic of cholFactor.  The whole pack is
-    // factored before anything is stored; a pack with a refused object goes
-    // again object by object from its first object, and so does the rest of
-    // the array, so that what is written and where the call stops are those
-    // of that path.
+    // A pack of objects, one per lane, with the arithmetic of cholFactor:
+    // a(i, j) the source's element, f the factor.  True if one of the first
+    // k objects is refused (f then incomplete).
+    template <int N, class L, class A>
+    static bool refusedPack(const A& a, L (&f)[N][N], typename L::Elem t, int k)
+    {
+#pragma GCC unroll 8
+        for (int i = 0; i < N; ++i) {
+#pragma GCC unroll 8
+            for (int j = 0; j < i; ++j) {
+                L s = a(i, j);
+#pragma GCC unroll 8
+                for (int q = 0; q < j; ++q) s = s - f[i][q] * f[j][q];
+                f[i][j] = s * f[j][j];
+            }
+            L s = a(i, i);
+#pragma GCC unroll 8
+            for (int q = 0; q < i; ++q) s = s - f[i][q] * f[i][q];
+            bool refused = false;
+#pragma GCC unroll 4
+            for (int l = 0; l < k; ++l) refused = refused || s.lane(l) <= t;
+            if (refused) return true;
+            f[i][i] = invSqrt(s);
+        }
+        return false;
+    }
+
+    // Objects side by side, orders 3 to 6: a pack of objects at a time.
+    // The whole pack is factored before anything is stored; a pack with a
+    // refused object goes again object by object from its first object, and
+    // so does the rest of the array, so that what is written and where the
+    // call stops are those of that path.
     template <int N, Path W, class S, class D>
     KelStatus lanes(int32_t count, const S& src, const D& dst) const
     {
@@ -128,23 +154,34 @@ struct CholDecompKernel {
         for (int32_t first = 0; first < count; first += simd::kLanes<T>) {
             const int k = count - first < simd::kLanes<T> ? static_cast<int>(count - first) : simd::kLanes<T>;
             L f[N][N];
-            bool refused = false;
-            for (int i = 0; i < N && !refused; ++i) {
-                for (int j = 0; j < i; ++j) {
-                    L s = a.load(i, j, first, k);
-                    for (int q = 0; q < j; ++q) s = s - f[i][q] * f[j][q];
-                    f[i][j] = s * f[j][j];
-                }
-                L s = a.load(i, i, first, k);
-                for (int q = 0; q < i; ++q) s = s - f[i][q] * f[i][q];
-                for (int l = 0; l < k; ++l) refused = refused || s.lane(l) <= t;
-                f[i][i] = invSqrt(s);
-            }
-            if (refused) return objects<N, W>(count - first, src.slice(first), dst.slice(first));
+            if (refusedPack<N>([&](int i, int j) { return L(a.load(i, j, first, k)); }, f, t, k))
+                return objects<N, W>(count - first, src.slice(first), dst.slice(first));
             for (int i = 0; i < N; ++i)
                 for (int j = 0; j <= i; ++j) out.store(i, j, first, f[i][j].p, k);
         }
         return kelStsNoErr;
+    }
+
+    // Packed objects of an S array, orders 3 to 6: the same packs, the
+    // rows of the lower triangles turned into lanes and back; objects short
+    // of a pack go alone.
+    template <int N, class S, class D>
+    KelStatus packs(int32_t count, const S& src, const D& dst) const
+    {
+        using T = typename D::Elem;
+        using L = simd::Lanes<T>;
+        constexpr int kL = simd::kLanes<T>;
+        const T t = static_cast<T>(tol.of(n));
+        const Walk<Path::Rows, S> in(src);
+        const Walk<Path::Rows, D> out(dst);
+        int32_t first = 0;
+        for (; first + kL <= count; first += kL) {
+            L a[N][N], f[N][N];
+            unrolled<N>([&](auto i) { lanesOfRow([&](int l) { return in[first + l].at(i, 0); }, i + 1, a[i]); });
+            if (refusedPack<N>([&](int i, int j) { return a[i][j]; }, f, t, kL)) break;
+            unrolled<N>([&](auto i) { rowOfLanes(f[i], i + 1, [&](int l) { return out[first + l].at(i, 0); }); });
+        }
+        return first < count ? objects<N, Path::Rows>(count - first, src.slice(first), dst.slice(first)) : kelStsNoErr;
     }
 
     template <Path W, class S, class D>
@@ -157,6 +194,16 @@ struct CholDecompKernel {
                 case 4: return lanes<4, W>(count, src, dst);
                 case 5: return lanes<5, W>(count, src, dst);
                 default: return lanes<6, W>(count, src, dst);
+                }
+            }
+        }
+        if constexpr (S::array && S::desc == Desc::S && W == Path::Rows) {
+            if (n >= 3 && n <= 6 && packsPossible(dst, count, n, n, src)) {
+                switch (n) {
+                case 3: return packs<3>(count, src, dst);
+                case 4: return packs<4>(count, src, dst);
+                case 5: return packs<5>(count, src, dst);
+                default: return packs<6>(count, src, dst);
                 }
             }
         }

@@ -25,23 +25,12 @@
 #include <type_traits>
 #include <utility>
 
+#include "frame/cursor.h"
 #include "kelm.h"
 
 namespace kel::factor {
 
-// ---- compile-time loops and bit sets -------------------------------------------------
-
-template <class F, int... I>
-inline void unrolled(F&& f, std::integer_sequence<int, I...>)
-{
-    (f(std::integral_constant<int, I>{}), ...);
-}
-// f(i) for i = 0 .. Count-1, each i a compile-time constant.
-template <int Count, class F>
-inline void unrolled(F&& f)
-{
-    unrolled(f, std::make_integer_sequence<int, Count>{});
-}
+// ---- bit sets ---------------------------------------------------------------------------
 
 constexpr int bitCount(unsigned s) { return s ? int(s & 1u) + bitCount(s >> 1) : 0; }
 // Index of the set bit at position m (0 = lowest) of s.

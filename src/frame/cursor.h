@@ -24,6 +24,19 @@ namespace kel {
 
 enum class Path { Rows, Strided, Table };
 
+// f(i) for i = 0 .. Count-1, each i a compile-time constant: straight-line
+// code over the elements of a small object.
+template <class F, int... I>
+inline void unrolled(F&& f, std::integer_sequence<int, I...>)
+{
+    (f(std::integral_constant<int, I>{}), ...);
+}
+template <int Count, class F>
+inline void unrolled(F&& f)
+{
+    unrolled(f, std::make_integer_sequence<int, Count>{});
+}
+
 // What every cursor derives from its stored(j, i): logical elements.
 template <class C, class T, bool Trans>
 struct CursorAccess {

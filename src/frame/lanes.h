@@ -104,6 +104,75 @@ PackCursor<Op> packOf(const Op& op, int32_t first, int k)
     return {op, first, k};
 }
 
+// Packed objects into lanes and back.  Row of a pack of objects whose
+// elements follow one another (object l's row at at(l), w elements, w at
+// most kLaneMaxSide) becomes r[0..w-1]: element i of every object's row,
+// object l's in lane l.  Exactly w elements of each row are read or written.
+// Floats go four rows at a time through a 4 x 4 transposition, doubles two
+// at a time by unpacking.
+template <class At>
+inline void lanesOfRow(At at, int w, simd::Lanes<float>* r)
+{
+    using P = simd::Pack<simd::Sse, float>;
+    for (int c = 0; c < w; c += 4) {
+        const int m = std::min(4, w - c);
+        P x[4];
+        for (int l = 0; l < 4; ++l) x[l] = m == 4 ? P::load(at(l) + c) : P::loadPart(at(l) + c, m);
+        simd::transpose4(x);
+        for (int i = 0; i < m; ++i) r[c + i] = x[i];
+    }
+}
+template <class At>
+inline void rowOfLanes(const simd::Lanes<float>* r, int w, At at)
+{
+    using P = simd::Pack<simd::Sse, float>;
+    for (int c = 0; c < w; c += 4) {
+        const int m = std::min(4, w - c);
+        P x[4] = {};
+        for (int i = 0; i < m; ++i) x[i] = r[c + i].p;
+        simd::transpose4(x);
+        for (int l = 0; l < 4; ++l) m == 4 ? x[l].store(at(l) + c) : x[l].storePart(at(l) + c, m);
+    }
+}
+template <class At>
+inline void lanesOfRow(At at, int w, simd::Lanes<double>* r)
+{
+    for (int c = 0; c < w; c += 2) {
+        if (c + 1 < w) {
+            const __m128d a = _mm_loadu_pd(at(0) + c), b = _mm_loadu_pd(at(1) + c);
+            r[c] = simd::Pack<simd::Sse, double>{_mm_unpacklo_pd(a, b)};
+            r[c + 1] = simd::Pack<simd::Sse, double>{_mm_unpackhi_pd(a, b)};
+        } else {
+            r[c] = simd::Pack<simd::Sse, double>{_mm_loadh_pd(_mm_load_sd(at(0) + c), at(1) + c)};
+        }
+    }
+}
+template <class At>
+inline void rowOfLanes(const simd::Lanes<double>* r, int w, At at)
+{
+    for (int c = 0; c < w; c += 2) {
+        if (c + 1 < w) {
+            _mm_storeu_pd(at(0) + c, _mm_unpacklo_pd(r[c].p.v, r[c + 1].p.v));
+            _mm_storeu_pd(at(1) + c, _mm_unpackhi_pd(r[c].p.v, r[c + 1].p.v));
+        } else {
+            _mm_storel_pd(at(0) + c, r[c].p.v);
+            _mm_storeh_pd(at(1) + c, r[c].p.v);
+        }
+    }
+}
+
+// May a kernel take packed objects of an S array (w x h logical elements
+// each, rows runs of memory) a pack at a time, reading all of a pack before
+// it writes any of it?  Only where the results' objects share no byte with
+// one another or with a source other than in place: then the order of the
+// reads and writes cannot change a result.
+template <class D, class... V>
+bool packsPossible(const D& d, int32_t count, int32_t w, int32_t h, const V&... src)
+{
+    const Span one = spanOf(d, 1, w, h);
+    return count >= simd::kLanes<typename D::Elem> && one.hi - one.lo <= d.s0 && !overlapsSources(d, count, w, h, src...);
+}
+
 // Can views of these types take a lanes kernel at all?  L arrays never can.
 template <class V>
 constexpr bool lanesPossible()
