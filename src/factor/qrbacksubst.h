@@ -7,8 +7,9 @@
 // up, dividing by its diagonal.  Rows of z past `width` (the residual) are
 // dropped.  A zero on R's diagonal gives infinities or NaN, with no status.
 //
-// Square matrices of order 3 to 6 run straight-line code with z in locals
-// and leave the scratch alone; one matrix against many vectors (mva) reads
+// The shapes of withFixedShape (square matrices of order 3 to 6, tall ones
+// of up to 6 rows) run straight-line code with z in locals and leave the
+// scratch alone; one matrix against many vectors (mva) reads
 // the matrix and computes its -2 / q once.  Every other shape keeps z in the
 // scratch.  Square objects side by side (interleaved S, P over planes) run
 // the straight-line solve a pack of objects at a time, one per lane.
@@ -60,25 +61,26 @@ inline void qrSolveLoop(int32_t w, int32_t h, const M& m, const B& b, const X& x
         w, [&](int32_t i) { return load<T>(z + i); }, [&](int32_t i, int32_t j) { return m.get(i, j); }, x);
 }
 
-// A square matrix of order N in locals, with -2 / q of each reflector; T is
-// the element type, or Lanes for a pack of objects.
-template <int N, class T>
-struct QrSquare {
-    T a[N][N];
-    T scale[N - 1];
+// A matrix of H rows and W columns (W <= H) in locals, with -2 / q of each
+// reflector; T is the element type, or Lanes for a pack of objects.
+template <int W, int H, class T>
+struct QrFixed {
+    static constexpr int S = W == H ? W - 1 : W;  // reflections
+    T a[H][W];
+    T scale[S];
 
     template <class C>
-    explicit QrSquare(const C& c)
+    explicit QrFixed(const C& c)
     {
 #pragma GCC unroll 8
-        for (int i = 0; i < N; ++i)
+        for (int i = 0; i < H; ++i)
 #pragma GCC unroll 8
-            for (int j = 0; j < N; ++j) a[i][j] = c.get(i, j);
+            for (int j = 0; j < W; ++j) a[i][j] = c.get(i, j);
 #pragma GCC unroll 8
-        for (int k = 0; k < N - 1; ++k) {
+        for (int k = 0; k < S; ++k) {
             T q = T(1);
 #pragma GCC unroll 8
-            for (int i = k + 1; i < N; ++i) q = q + a[i][k] * a[i][k];
+            for (int i = k + 1; i < H; ++i) q = q + a[i][k] * a[i][k];
             scale[k] = T(-2) / q;
         }
     }
@@ -86,30 +88,30 @@ struct QrSquare {
     template <class B, class X>
     void solve(const B& b, const X& x) const
     {
-        T z[N];
+        T z[H];
 #pragma GCC unroll 8
-        for (int i = 0; i < N; ++i) z[i] = b.get(0, i);
+        for (int i = 0; i < H; ++i) z[i] = b.get(0, i);
 #pragma GCC unroll 8
-        for (int k = 0; k < N - 1; ++k) {
+        for (int k = 0; k < S; ++k) {
             T d = z[k];
 #pragma GCC unroll 8
-            for (int i = k + 1; i < N; ++i) d = d + z[i] * a[i][k];
+            for (int i = k + 1; i < H; ++i) d = d + z[i] * a[i][k];
             const T t = scale[k] * d;
             z[k] = z[k] + t;
 #pragma GCC unroll 8
-            for (int i = k + 1; i < N; ++i) z[i] = z[i] + a[i][k] * t;
+            for (int i = k + 1; i < H; ++i) z[i] = z[i] + a[i][k] * t;
         }
-        T r[N];
-        r[N - 1] = z[N - 1] / a[N - 1][N - 1];
+        T r[W];
+        r[W - 1] = z[W - 1] / a[W - 1][W - 1];
 #pragma GCC unroll 8
-        for (int i = N - 2; i >= 0; --i) {
+        for (int i = W - 2; i >= 0; --i) {
             T u = T(0);
 #pragma GCC unroll 8
-            for (int j = i + 1; j < N; ++j) u = u + a[i][j] * r[j];
+            for (int j = i + 1; j < W; ++j) u = u + a[i][j] * r[j];
             r[i] = (z[i] - u) / a[i][i];
         }
 #pragma GCC unroll 8
-        for (int i = 0; i < N; ++i) x.put(0, i, r[i]);
+        for (int i = 0; i < W; ++i) x.put(0, i, r[i]);
     }
 };
 
@@ -118,18 +120,18 @@ struct QrSquare {
 struct QrSolveKernel {
     int32_t w, h;
 
-    template <int N, Path W, class M, class B, class X>
-    static void square(int32_t count, const M& src, const B& src2, const X& dst)
+    template <int Wc, int Hc, Path W, class M, class B, class X>
+    static void fixed(int32_t count, const M& src, const B& src2, const X& dst)
     {
         using T = typename X::Elem;
         const Walk<W, M> ms(src);
         const Walk<W, B> bs(src2);
         const Walk<W, X> xs(dst);
         if constexpr (!M::array) {
-            const QrSquare<N, T> a(ms.first());
+            const QrFixed<Wc, Hc, T> a(ms.first());
             for (int32_t k = 0; k < count; ++k) a.solve(bs[k], xs[k]);
         } else {
-            for (int32_t k = 0; k < count; ++k) QrSquare<N, T>(ms[k]).solve(bs[k], xs[k]);
+            for (int32_t k = 0; k < count; ++k) QrFixed<Wc, Hc, T>(ms[k]).solve(bs[k], xs[k]);
         }
     }
 
@@ -143,11 +145,11 @@ struct QrSolveKernel {
         const LaneOperand<simd::Sse, B> b(src2, 1, N);
         const LaneOperand<simd::Sse, X> x(dst, 1, N);
         if constexpr (!M::array) {
-            const QrSquare<N, L> a(packOf(m, 0, kL));
+            const QrFixed<N, N, L> a(packOf(m, 0, kL));
             forLanes<typename X::Elem>(count, [&](int32_t first, int k) { a.solve(packOf(b, first, k), packOf(x, first, k)); });
         } else {
             forLanes<typename X::Elem>(count, [&](int32_t first, int k) {
-                QrSquare<N, L>(packOf(m, first, k)).solve(packOf(b, first, k), packOf(x, first, k));
+                QrFixed<N, N, L>(packOf(m, first, k)).solve(packOf(b, first, k), packOf(x, first, k));
             });
         }
     }
@@ -170,13 +172,7 @@ struct QrSolveKernel {
     void byShape(int32_t count, const M& src, const B& src2, const X& dst, void* scratch) const
     {
         using T = typename X::Elem;
-        if (w == h) switch (w) {
-            case 3: return square<3, W>(count, src, src2, dst);
-            case 4: return square<4, W>(count, src, src2, dst);
-            case 5: return square<5, W>(count, src, src2, dst);
-            case 6: return square<6, W>(count, src, src2, dst);
-            default: break;
-            }
+        if (withFixedShape(w, h, [&](auto wc, auto hc) { fixed<wc, hc, W>(count, src, src2, dst); })) return;
         const Walk<W, M> ms(src);
         const Walk<W, B> bs(src2);
         const Walk<W, X> xs(dst);

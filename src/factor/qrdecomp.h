@@ -16,6 +16,7 @@
 #include <cmath>
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 #include "frame/cursor.h"
 #include "frame/frame.h"
@@ -39,6 +40,29 @@ inline bool qrRefuses(T n2)
 
 // Number of reflections of a height x width matrix.
 inline int32_t qrReflections(int32_t w, int32_t h) { return w == h ? w - 1 : w; }
+
+// The shapes with straight-line kernels: square matrices of order 3 to 6
+// and tall ones of up to 6 rows.  f(Wc, Hc) with the width and height as
+// compile-time constants; false for any other shape.
+template <class F>
+inline bool withFixedShape(int32_t w, int32_t h, F&& f)
+{
+    auto call = [&](auto wc, auto hc) { return f(wc, hc), true; };
+    using std::integral_constant;
+    switch (h * 16 + w) {
+    case 0x33: return call(integral_constant<int, 3>{}, integral_constant<int, 3>{});
+    case 0x44: return call(integral_constant<int, 4>{}, integral_constant<int, 4>{});
+    case 0x55: return call(integral_constant<int, 5>{}, integral_constant<int, 5>{});
+    case 0x66: return call(integral_constant<int, 6>{}, integral_constant<int, 6>{});
+    case 0x43: return call(integral_constant<int, 3>{}, integral_constant<int, 4>{});
+    case 0x53: return call(integral_constant<int, 3>{}, integral_constant<int, 5>{});
+    case 0x54: return call(integral_constant<int, 4>{}, integral_constant<int, 5>{});
+    case 0x63: return call(integral_constant<int, 3>{}, integral_constant<int, 6>{});
+    case 0x64: return call(integral_constant<int, 4>{}, integral_constant<int, 6>{});
+    case 0x65: return call(integral_constant<int, 5>{}, integral_constant<int, 6>{});
+    default: return false;
+    }
+}
 
 // The square root of a squared norm: in double, rounded to the element type.
 template <class T>
@@ -135,12 +159,48 @@ struct QrDecompKernel {
         return kelStsNoErr;
     }
 
-    // Objects side by side: a pack of objects at a time, one per lane, in
-    // locals; nothing is stored before the whole pack is reduced.  A pack
-    // with a refused object goes again object by object from its first
-    // object, and so does the rest of the array, so that what is written and
-    // where the call stops are those of that path.  The scratch is left as
-    // the last object of the pack leaves it.
+    // A pack's matrix and reflector, in locals.
+    template <class L>
+    struct PackWork {
+        struct {
+            L m[kLaneMaxSide][kLaneMaxSide];
+            L get(int32_t i, int32_t c) const { return m[i][c]; }
+            void put(int32_t i, int32_t c, L x) { m[i][c] = x; }
+        } a;
+        struct {
+            L x[kLaneMaxSide];
+            L get(int32_t i) const { return x[i]; }
+            void put(int32_t i, L y) { x[i] = y; }
+        } v;
+
+        // Reduces the pack read through src (get(i, c)); false if one of
+        // its first k objects is refused.
+        template <class S>
+        bool reduce(int32_t w, int32_t h, const S& src, int k)
+        {
+            using T = typename L::Elem;
+            auto refuses = [&](L n2) {
+                for (int l = 0; l < k; ++l)
+                    if (qrRefuses(n2.lane(l))) return true;
+                return false;
+            };
+            return qrReduce<T, L>(w, h, src, a, v, refuses);
+        }
+        // The scratch as the pack's last object (lane k-1) leaves it.
+        void leaveScratch(int32_t w, int32_t h, typename L::Elem* buf, int k) const
+        {
+            if (qrReflections(w, h) > 0)
+                for (int32_t i = 0; i < h; ++i) store(buf + i, v.x[i].lane(k - 1));
+        }
+    };
+
+    // Objects side by side, or packed objects of an S array: a pack of
+    // objects at a time, one per lane, in locals; nothing is stored before
+    // the whole pack is reduced.  A pack with a refused object goes again
+    // object by object from its first object, and so does the rest of the
+    // array, so that what is written and where the call stops are those of
+    // that path.  The scratch is left as the last object of the pack leaves
+    // it.
     template <Path W, class S, class D>
     KelStatus lanes(int32_t count, const S& src, const D& dst, void* scratch) const
     {
@@ -148,32 +208,43 @@ struct QrDecompKernel {
         using L = simd::Lanes<T>;
         const LaneOperand<simd::Sse, S> in(src, h, w);
         const LaneOperand<simd::Sse, D> out(dst, h, w);
-        T* buf = static_cast<T*>(scratch);
         for (int32_t first = 0; first < count; first += simd::kLanes<T>) {
             const int k = count - first < simd::kLanes<T> ? static_cast<int>(count - first) : simd::kLanes<T>;
+            PackWork<L> work;
+            if (!work.reduce(w, h, packOf(in, first, k), k))
+                return objects<W>(count - first, src.slice(first), dst.slice(first), scratch);
+            for (int32_t i = 0; i < h; ++i)
+                for (int32_t c = 0; c < w; ++c) out.store(i, c, first, work.a.m[i][c].p, k);
+            work.leaveScratch(w, h, static_cast<T*>(scratch), k);
+        }
+        return kelStsNoErr;
+    }
+    // Packed objects: their rows turned into lanes and back; the objects
+    // short of a pack go alone.
+    template <int Wc, int Hc, class S, class D>
+    KelStatus packs(int32_t count, const S& src, const D& dst, void* scratch) const
+    {
+        const int32_t w = Wc, h = Hc;
+        using T = typename D::Elem;
+        using L = simd::Lanes<T>;
+        constexpr int kL = simd::kLanes<T>;
+        const Walk<Path::Rows, S> in(src);
+        const Walk<Path::Rows, D> out(dst);
+        int32_t first = 0;
+        for (; first + kL <= count; first += kL) {
             struct {
                 L m[kLaneMaxSide][kLaneMaxSide];
                 L get(int32_t i, int32_t c) const { return m[i][c]; }
-                void put(int32_t i, int32_t c, L x) { m[i][c] = x; }
-            } a;
-            struct {
-                L x[kLaneMaxSide];
-                L get(int32_t i) const { return x[i]; }
-                void put(int32_t i, L y) { x[i] = y; }
-            } v;
-            auto refuses = [&](L n2) {
-                for (int l = 0; l < k; ++l)
-                    if (qrRefuses(n2.lane(l))) return true;
-                return false;
-            };
-            if (!qrReduce<T, L>(w, h, packOf(in, first, k), a, v, refuses))
-                return objects<W>(count - first, src.slice(first), dst.slice(first), scratch);
+            } rows;
+            for (int32_t i = 0; i < h; ++i) lanesOfRow([&](int l) { return in[first + l].at(i, 0); }, w, rows.m[i]);
+            PackWork<L> work;
+            if (!work.reduce(w, h, rows, kL)) break;
             for (int32_t i = 0; i < h; ++i)
-                for (int32_t c = 0; c < w; ++c) out.store(i, c, first, a.m[i][c].p, k);
-            if (qrReflections(w, h) > 0)
-                for (int32_t i = 0; i < h; ++i) store<T>(buf + i, v.x[i].lane(k - 1));
+                rowOfLanes(work.a.m[i], w, [&](int l) { return out[first + l].at(i, 0); });
+            work.leaveScratch(w, h, static_cast<T*>(scratch), kL);
         }
-        return kelStsNoErr;
+        return first < count ? objects<Path::Rows>(count - first, src.slice(first), dst.slice(first), scratch)
+                             : kelStsNoErr;
     }
 
     template <class S, class B, class D>
@@ -187,8 +258,16 @@ struct QrDecompKernel {
             }
         }
         if constexpr (S::desc == Desc::P) return objects<Path::Table>(count, src, dst, scratch);
-        else if (pathOf(src, dst) == Path::Rows) return objects<Path::Rows>(count, src, dst, scratch);
-        else return objects<Path::Strided>(count, src, dst, scratch);
+        else if (pathOf(src, dst) == Path::Rows) {
+            KelStatus st = kelStsNoErr;
+            if constexpr (S::array && S::desc == Desc::S)
+                if (packsPossible(dst, count, w, h, src) &&
+                    withFixedShape(w, h, [&](auto wc, auto hc) { st = packs<wc, hc>(count, src, dst, scratch); }))
+                    return st;
+            return objects<Path::Rows>(count, src, dst, scratch);
+        } else {
+            return objects<Path::Strided>(count, src, dst, scratch);
+        }
     }
 };
 
