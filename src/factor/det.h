@@ -89,12 +89,23 @@ struct DetKernel {
     // Orders 3 and 4 in double precision go two objects at a time, one in
     // each lane, with the arithmetic of one.
     template <int N, class In, class T>
-    static void closedForms(int32_t count, const In& in, const Dense<T>& dst)
+    static void closedForms(int32_t count, const In in, const Dense<T> dst)
     {
         int32_t k = 0;
-        if constexpr (std::is_same<T, double>::value && N <= 4)
-            for (; k + 1 < count; k += 2)
-                _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(simd::pairOf(in[k], in[k + 1])).p.v);
+        if constexpr (std::is_same<T, double>::value && N <= 4) {
+            if constexpr (In::path == Path::Rows)
+                for (; k + 1 < count; k += 2) {
+                    struct {
+                        simd::DoublePair a[N][N];
+                        simd::DoublePair get(int j, int i) const { return a[j][i]; }
+                    } pair;
+                    lanesOfRows(in, k, pair.a);
+                    _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(pair).p.v);
+                }
+            else
+                for (; k + 1 < count; k += 2)
+                    _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(simd::pairOf(in[k], in[k + 1])).p.v);
+        }
         for (; k < count; ++k) store<T>(dst.at(k), detClosed<N, T>(in[k]));
     }
 

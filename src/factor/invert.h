@@ -248,25 +248,40 @@ struct InvertKernel {
     // lane, with the arithmetic of one; the first is tested and written
     // before the second.
     template <int N, bool Packed, class In, class Out>
-    static KelStatus closedPairs(int32_t count, const In& in, const Out& out)
+    static KelStatus closedPairs(int32_t count, const In in, const Out out)
     {
         constexpr double t = closedTolerance<double, N>(Packed);
         int32_t k = 0;
         for (; k + 1 < count; k += 2) {
             simd::DoublePair a[N][N];
-            const auto src = simd::pairOf(in[k], in[k + 1]);
-            unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { a[j][i] = src.get(j, i); }); });
+            if constexpr (In::path == Path::Rows) {
+                lanesOfRows(in, k, a);
+            } else {
+                const auto src = simd::pairOf(in[k], in[k + 1]);
+                unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { a[j][i] = src.get(j, i); }); });
+            }
             const Adjugate<N, simd::DoublePair> adj = laplaceAdjugate(a);
             if (belowTolerance(t, adj.det.lane(0))) return kelStsSingular;
             const bool second = !belowTolerance(t, adj.det.lane(1));
             const simd::DoublePair r = simd::DoublePair(1.0) / adj.det;
-            const auto d0 = out[k], d1 = out[k + 1];
+            simd::DoublePair x[N][N];
             unrolled<N>([&](auto i) {
                 unrolled<N>([&](auto j) {
                     const simd::DoublePair m = adj.minor[i][j];
-                    const simd::DoublePair x = ((i + j) % 2 ? simd::DoublePair(0.0) - m : m) * r;
-                    d0.put(j, i, x.lane(0));
-                    if (second) d1.put(j, i, x.lane(1));
+                    x[j][i] = ((i + j) % 2 ? simd::DoublePair(0.0) - m : m) * r;
+                });
+            });
+            if constexpr (Out::path == Path::Rows) {
+                if (second) {
+                    unrolled<N>([&](auto j) { rowOfLanes(x[j], N, [&](int l) { return out[k + l].at(j, 0); }); });
+                    continue;
+                }
+            }
+            const auto d0 = out[k], d1 = out[k + 1];
+            unrolled<N>([&](auto j) {
+                unrolled<N>([&](auto i) {
+                    d0.put(j, i, x[j][i].lane(0));
+                    if (second) d1.put(j, i, x[j][i].lane(1));
                 });
             });
             if (!second) return kelStsSingular;

@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "frame/cursor.h"
 #include "frame/pairs.h"
 #include "frame/simd.h"
 #include "frame/view.h"
@@ -159,6 +160,14 @@ inline void rowOfLanes(const simd::Lanes<double>* r, int w, At at)
             _mm_storeh_pd(at(1) + c, r[c].p.v);
         }
     }
+}
+
+// Rows 0 .. H-1 (W elements each) of the pack of objects from `first` of a
+// walk whose rows are runs of memory: a[j][i] is element (j, i).
+template <int H, int W, class Walk, class L>
+inline void lanesOfRows(const Walk& in, int32_t first, L (&a)[H][W])
+{
+    unrolled<H>([&](auto j) { lanesOfRow([&](int l) { return in[first + l].at(j, 0); }, W, a[j]); });
 }
 
 // May a kernel take packed objects of an S array (w x h logical elements
