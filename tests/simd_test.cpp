@@ -4,12 +4,15 @@
 
 #include <cmath>
 #include <cstring>
+#include <memory>
 #include <random>
 #include <vector>
 
 #include "elementwise/elementwise.h"
+#include "frame/lanes.h"
 #include "frame/lanesum.h"
 #include "frame/simd.h"
+#include "guarded.h"
 #include "lanesum_model.h"
 
 namespace {
@@ -137,3 +140,44 @@ TEST(Simd, ReductionsAndLaneSumEqualScalarTwinAndModel)
 }
 
 }  // namespace
+
+// Rows of packed objects into lanes and back: element i of object l's row
+// lands in lane l of r[i], the way back restores the rows, and exactly w
+// elements of each row are touched (each row ends at a guard page; the
+// element after it in the other direction keeps its value).
+template <class T>
+void rowsThroughLanes()
+{
+    constexpr int L = simd::kLanes<T>;
+    std::mt19937 rng(5);
+    for (int w = 1; w <= kLaneMaxSide; ++w) {
+        std::vector<std::unique_ptr<kt::Guarded>> mem;
+        T* row[L];
+        for (int l = 0; l < L; ++l) {
+            mem.push_back(std::make_unique<kt::Guarded>((w + 1) * sizeof(T)));
+            row[l] = mem.back()->template as<T>(sizeof(T));
+            mem.back()->template as<T>()[0] = T(-7);
+            const auto v = randomRow<T>(rng, w);
+            std::copy(v.begin(), v.end(), row[l]);
+        }
+        simd::Lanes<T> r[kLaneMaxSide];
+        lanesOfRow([&](int l) { return static_cast<const T*>(row[l]); }, w, r);
+        for (int i = 0; i < w; ++i)
+            for (int l = 0; l < L; ++l) ASSERT_EQ(r[i].lane(l), row[l][i]) << w << " " << i << " " << l;
+        for (int i = 0; i < w; ++i) r[i] = r[i] + simd::Lanes<T>(T(1));
+        std::vector<T> want[L];
+        for (int l = 0; l < L; ++l)
+            for (int i = 0; i < w; ++i) want[l].push_back(row[l][i] + T(1));
+        rowOfLanes(r, w, [&](int l) { return row[l]; });
+        for (int l = 0; l < L; ++l) {
+            EXPECT_EQ(std::memcmp(row[l], want[l].data(), w * sizeof(T)), 0) << w << " " << l;
+            EXPECT_EQ(row[l][-1], T(-7)) << w << " " << l;
+        }
+    }
+}
+
+TEST(Lanes, RowsOfPackedObjectsThroughLanes)
+{
+    rowsThroughLanes<float>();
+    rowsThroughLanes<double>();
+}
