@@ -224,7 +224,7 @@ struct QrDecompKernel {
     template <int Wc, int Hc, class S, class D>
     KelStatus packs(int32_t count, const S& src, const D& dst, void* scratch) const
     {
-        const int32_t w = Wc, h = Hc;
+        const int32_t w = Wc, h = Hc;  // the shape, as constants
         using T = typename D::Elem;
         using L = simd::Lanes<T>;
         constexpr int kL = simd::kLanes<T>;
@@ -233,10 +233,10 @@ struct QrDecompKernel {
         int32_t first = 0;
         for (; first + kL <= count; first += kL) {
             struct {
-                L m[kLaneMaxSide][kLaneMaxSide];
+                L m[Hc][Wc];
                 L get(int32_t i, int32_t c) const { return m[i][c]; }
             } rows;
-            for (int32_t i = 0; i < h; ++i) lanesOfRow([&](int l) { return in[first + l].at(i, 0); }, w, rows.m[i]);
+            lanesOfRows(in, first, rows.m);
             PackWork<L> work;
             if (!work.reduce(w, h, rows, kL)) break;
             for (int32_t i = 0; i < h; ++i)
