@@ -135,37 +135,31 @@ struct QrSolveKernel {
         }
     }
 
-    // Square objects side by side: square() for a pack of objects at once.
+    // Square objects side by side: fixed() for a pack of objects at once.
     template <int N, class M, class B, class X>
     static void squareLanes(int32_t count, const M& src, const B& src2, const X& dst)
     {
-        using L = simd::Lanes<typename X::Elem>;
-        constexpr int kL = simd::kLanes<typename X::Elem>;
+        using T = typename X::Elem;
+        using L = simd::Lanes<T>;
         const LaneOperand<simd::Sse, M> m(src, N, N);
         const LaneOperand<simd::Sse, B> b(src2, 1, N);
         const LaneOperand<simd::Sse, X> x(dst, 1, N);
         if constexpr (!M::array) {
-            const QrFixed<N, N, L> a(packOf(m, 0, kL));
-            forLanes<typename X::Elem>(count, [&](int32_t first, int k) { a.solve(packOf(b, first, k), packOf(x, first, k)); });
+            const QrFixed<N, N, L> a(packOf(m, 0, simd::kLanes<T>));
+            forLanes<T>(count, [&](int32_t first, int k) { a.solve(packOf(b, first, k), packOf(x, first, k)); });
         } else {
-            forLanes<typename X::Elem>(count, [&](int32_t first, int k) {
+            forLanes<T>(count, [&](int32_t first, int k) {
                 QrFixed<N, N, L>(packOf(m, first, k)).solve(packOf(b, first, k), packOf(x, first, k));
             });
         }
     }
 
-    // Whether square objects side by side take squareLanes.
+    // Whether square objects side by side of a fixed shape take squareLanes.
     template <class M, class B, class X>
     bool lanes(int32_t count, const M& src, const B& src2, const X& dst) const
     {
-        if (w != h || w < 3 || w > 6 || !solveSideBySide(count, w, src, src2, dst)) return false;
-        switch (w) {
-        case 3: squareLanes<3>(count, src, src2, dst); break;
-        case 4: squareLanes<4>(count, src, src2, dst); break;
-        case 5: squareLanes<5>(count, src, src2, dst); break;
-        default: squareLanes<6>(count, src, src2, dst); break;
-        }
-        return true;
+        return w == h && solveSideBySide(count, w, src, src2, dst) &&
+               withFixedShape(w, h, [&](auto n, auto) { squareLanes<n>(count, src, src2, dst); });
     }
 
     template <Path W, class M, class B, class X>

@@ -179,7 +179,8 @@ template <class D, class... V>
 bool packsPossible(const D& d, int32_t count, int32_t w, int32_t h, const V&... src)
 {
     const Span one = spanOf(d, 1, w, h);
-    return count >= simd::kLanes<typename D::Elem> && one.hi - one.lo <= d.s0 && !overlapsSources(d, count, w, h, src...);
+    return count >= simd::kLanes<typename D::Elem> && one.hi - one.lo <= d.s0 &&
+           !overlapsSources(d, count, w, h, src...);
 }
 
 // Can views of these types take a lanes kernel at all?  L arrays never can.
