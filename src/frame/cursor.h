@@ -90,7 +90,7 @@ struct Walk {
                                                          StridedCursor<T, V::trans>>>;
     const V v;
 
-    explicit Walk(const V& view) : v(view) {}
+    explicit Walk(const V& view) : v(view.fieldwise()) {}
     Cursor operator[](int32_t n) const
     {
         if constexpr (path == Path::Table) {

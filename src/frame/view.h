@@ -69,6 +69,17 @@ inline bool badShift(int32_t r)
     return r < 0 || r % kElem<T> != 0;
 }
 
+namespace detail {
+// x, passed through a register: the compiler cannot merge its load with the
+// loads of neighbouring fields into one wide move.
+template <class X>
+inline X inRegister(X x)
+{
+    asm("" : "+r"(x));
+    return x;
+}
+}  // namespace detail
+
 // Kinds of operand, used by the front ends to tell views apart.
 enum class Kind : unsigned char { Matrix, Vector, Constant, Buffer };
 
@@ -164,6 +175,25 @@ struct Obj {
 
     Elem get(int32_t n, int32_t j, int32_t i) const { return load<Elem>(at(n, j, i)); }
     void put(int32_t n, int32_t j, int32_t i, Elem v) const { store<Elem>(at(n, j, i), v); }
+
+    // A copy taken one field at a time, for kernels that keep a view of
+    // their own.  A call builds its views a field at a time just before
+    // the kernel copies them, and a copy in 16-byte moves would read across
+    // several of those stores: the processor cannot forward such a read and
+    // holds it until the stores reach the cache, which is to say until all
+    // the work before the call has finished.
+    Obj fieldwise() const
+    {
+        Obj v;
+        v.base = detail::inRegister(base);
+        v.table = detail::inRegister(table);
+        v.roi = detail::inRegister(roi);
+        v.s0 = detail::inRegister(s0);
+        v.s1 = detail::inRegister(s1);
+        v.s2 = detail::inRegister(s2);
+        v.ld = detail::inRegister(ld);
+        return v;
+    }
 
     // The same operand starting at object f of the array.
     Obj slice(int32_t f) const

@@ -117,7 +117,7 @@ struct DotKernel {
 };
 
 template <class A, class B, class D>
-KelStatus dotProduct(const Traits& tr, const Sizes& s, A a, B b, D d)
+KelStatus dotProduct(const Traits& tr, const Sizes& s, const A& a, const B& b, const D& d)
 {
     using T = typename A::Elem;
     return kel::run(tr, s, noMismatch, DriverInfo{}, DotKernel<T>{s.L}, a, b, d);

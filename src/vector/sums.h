@@ -93,7 +93,7 @@ inline void byPath(F&& f, const V0& v0, const V&... v)
 // pack k holds term k of the four objects in their lanes, and reduce(n, t)
 // gives the four results, stored as one pack.  Returns the objects done.
 template <class Terms, class Reduce>
-inline int32_t fourInLanes(int32_t count, const Dense<float>& d, Terms terms, Reduce reduce)
+inline int32_t fourInLanes(int32_t count, const Dense<float> d, Terms terms, Reduce reduce)
 {
     int32_t n = 0;
     for (; n + 4 <= count; n += 4) {
