@@ -176,8 +176,39 @@ void rowsThroughLanes()
     }
 }
 
+// Two gapless double objects of H x W elements, an odd number, through
+// their blocks: element (j, i) of the first lands in lane 0 and of the
+// second in lane 1, the way back restores them, and nothing outside the two
+// is touched (they end at a guard page; the element before them keeps its
+// value).
+template <int H, int W>
+void pairThroughBlocks()
+{
+    constexpr int E = H * W;
+    std::mt19937 rng(E);
+    kt::Guarded mem((2 * E + 1) * sizeof(double));
+    double* p = mem.as<double>(sizeof(double));
+    p[-1] = -7.0;
+    const auto v = randomRow<double>(rng, 2 * E);
+    std::copy(v.begin(), v.end(), p);
+    simd::Lanes<double> a[H][W];
+    pairsOfBlocks(p, a);
+    for (int e = 0; e < E; ++e) {
+        ASSERT_EQ(a[e / W][e % W].lane(0), p[e]) << H << "x" << W << " " << e;
+        ASSERT_EQ(a[e / W][e % W].lane(1), p[E + e]) << H << "x" << W << " " << e;
+        a[e / W][e % W] = a[e / W][e % W] + simd::Lanes<double>(1.0);
+    }
+    blocksOfPairs(a, p);
+    for (int e = 0; e < 2 * E; ++e) EXPECT_EQ(p[e], v[e] + 1.0) << H << "x" << W << " " << e;
+    EXPECT_EQ(p[-1], -7.0);
+}
+
 TEST(Lanes, RowsOfPackedObjectsThroughLanes)
 {
     rowsThroughLanes<float>();
     rowsThroughLanes<double>();
+    pairThroughBlocks<1, 1>();
+    pairThroughBlocks<1, 5>();
+    pairThroughBlocks<3, 3>();
+    pairThroughBlocks<5, 5>();
 }

@@ -273,7 +273,7 @@ struct InvertKernel {
             });
             if constexpr (Out::path == Path::Rows) {
                 if (second) {
-                    unrolled<N>([&](auto j) { rowOfLanes(x[j], N, [&](int l) { return out[k + l].at(j, 0); }); });
+                    rowsOfLanes(x, out, k);
                     continue;
                 }
             }

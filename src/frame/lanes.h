@@ -162,12 +162,76 @@ inline void rowOfLanes(const simd::Lanes<double>* r, int w, At at)
     }
 }
 
-// Rows 0 .. H-1 (W elements each) of the pack of objects from `first` of a
-// walk whose rows are runs of memory: a[j][i] is element (j, i).
-template <int H, int W, class Walk, class L>
-inline void lanesOfRows(const Walk& in, int32_t first, L (&a)[H][W])
+// Two objects of H x W doubles, an odd number, the second right after the
+// first: the E = H * W 16-byte blocks that hold them are (x0, x1), ...,
+// (x[E-1], y0), (y1, y2), ..., so element e of the two, (xe, ye), lies in
+// blocks e/2 and (E+e)/2 and comes out of them in one blend (e even) or
+// one shuffle (e odd).  No byte outside the two objects is read or written.
+template <int H, int W>
+inline void pairsOfBlocks(const double* p, simd::Lanes<double> (&a)[H][W])
 {
+    constexpr int E = H * W;
+    static_assert(E % 2 == 1, "an odd number of elements an object");
+    __m128d b[E];
+    unrolled<E>([&](auto k) { b[k] = _mm_loadu_pd(p + 2 * k); });
+    unrolled<E>([&](auto e) {
+        const __m128d x = b[e / 2], y = b[(E + e) / 2];
+        a[e / W][e % W] = simd::Pack<simd::Sse, double>{e % 2 ? _mm_shuffle_pd(x, y, 1) : _mm_blend_pd(x, y, 2)};
+    });
+}
+template <int H, int W>
+inline void blocksOfPairs(const simd::Lanes<double> (&a)[H][W], double* p)
+{
+    constexpr int E = H * W;
+    static_assert(E % 2 == 1, "an odd number of elements an object");
+    auto at = [&](int e) { return a[e / W][e % W].p.v; };
+    unrolled<E>([&](auto k) {
+        constexpr int e = 2 * k;
+        __m128d b;
+        if constexpr (e + 1 < E) b = _mm_unpacklo_pd(at(e), at(e + 1));
+        else if constexpr (e + 1 == E) b = _mm_blend_pd(at(e), at(0), 2);
+        else b = _mm_unpackhi_pd(at(e - E), at(e + 1 - E));
+        _mm_storeu_pd(p + e, b);
+    });
+}
+
+// Are objects `first` and `first + 1` of a walk whose rows are runs of
+// memory H rows of W elements with no gap within or between them?
+// Known from the strides alone for an S array, which leaves the answer the
+// same for every pack of the call.
+template <int H, int W, class Walk>
+inline bool gaplessPair(const Walk& in, int32_t first)
+{
+    using V = std::remove_cv_t<decltype(in.v)>;
+    constexpr int32_t e = sizeof(typename V::Elem);
+    if constexpr (V::desc == Desc::S && V::array) {
+        (void)first;
+        return in.v.s1 == W * e && in.v.s0 == H * W * e;
+    } else {
+        const auto* p = in[first].at(0, 0);
+        return in[first + 1].at(0, 0) == p + W * H && (H == 1 || in[first].at(1, 0) == p + W);
+    }
+}
+
+// Rows 0 .. H-1 (W elements each) of the pack of objects from `first` of a
+// walk whose rows are runs of memory: a[j][i] is element (j, i).  Pairs of
+// gapless double objects with an odd number of elements take their blocks.
+template <int H, int W, class Walk, class L>
+[[gnu::always_inline]] inline void lanesOfRows(const Walk& in, int32_t first, L (&a)[H][W])
+{
+    if constexpr (std::is_same<L, simd::Lanes<double>>::value && W * H % 2 == 1) {
+        if (gaplessPair<H, W>(in, first)) return pairsOfBlocks(in[first].at(0, 0), a);
+    }
     unrolled<H>([&](auto j) { lanesOfRow([&](int l) { return in[first + l].at(j, 0); }, W, a[j]); });
+}
+// The way back: a[j][i] into element (j, i) of the pack's objects.
+template <int H, int W, class Walk, class L>
+[[gnu::always_inline]] inline void rowsOfLanes(const L (&a)[H][W], const Walk& out, int32_t first)
+{
+    if constexpr (std::is_same<L, simd::Lanes<double>>::value && W * H % 2 == 1) {
+        if (gaplessPair<H, W>(out, first)) return blocksOfPairs(a, out[first].at(0, 0));
+    }
+    unrolled<H>([&](auto j) { rowOfLanes(a[j], W, [&](int l) { return out[first + l].at(j, 0); }); });
 }
 
 // May a kernel take packed objects of an S array (w x h logical elements
