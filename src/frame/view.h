@@ -184,6 +184,7 @@ struct Obj {
     // the work before the call has finished.
     Obj fieldwise() const
     {
+        static_assert(sizeof(Obj) == 2 * sizeof(T*) + 6 * sizeof(int32_t), "every field is copied below");
         Obj v;
         v.base = detail::inRegister(base);
         v.table = detail::inRegister(table);

@@ -92,6 +92,8 @@ inline void byPath(F&& f, const V0& v0, const V&... v)
 // object n's terms (term k in lane k); the four packs are transposed, so that
 // pack k holds term k of the four objects in their lanes, and reduce(n, t)
 // gives the four results, stored as one pack.  Returns the objects done.
+// d comes by value: its own copy stays in registers, where the caller's
+// would be read again after every store.
 template <class Terms, class Reduce>
 inline int32_t fourInLanes(int32_t count, const Dense<float> d, Terms terms, Reduce reduce)
 {
