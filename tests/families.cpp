@@ -94,7 +94,7 @@ Case makeCase(const Member& m, const Sizes& sizes, const Layout& lay, uint32_t s
     return c;
 }
 
-std::vector<Form> everyForm() { return {Form::Packed, Form::Random, Form::Random, Form::Strided}; }
+std::vector<Form> everyForm() { return {Form::Packed, Form::Random, Form::Random, Form::Strided, Form::Gapless}; }
 
 std::vector<Sizes> withCounts(const Member& m, const std::vector<Sizes>& shapes, const std::vector<int>& counts)
 {

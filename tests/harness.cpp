@@ -231,7 +231,8 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
     }
     const bool vec = g.kind == "v" || g.kind == "va" || g.kind == "ca";
     const bool array = g.kind.size() == 2 && g.kind[1] == 'a';
-    bool packed = lay.form == Form::Packed;
+    const bool gapless = lay.form == Form::Gapless;
+    bool packed = lay.form == Form::Packed || gapless;
     if (lay.form == Form::Random || lay.form == Form::Planes) packed = std::uniform_int_distribution<int>(0, 2)(rng) != 0;
     // Start at a 4-byte boundary that is often not 16-byte aligned.
     int64_t start = kSlack + 4 * std::uniform_int_distribution<int>(0, 3)(rng);
@@ -266,6 +267,7 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
         std::vector<int> extents = {ext[order[0]], ext[order[1]], ext[order[2]]};
         if (lay.form == Form::Planes && array) order[0] = 0, order[1] = 2, order[2] = 1;  // n, c, r
         auto st = nestedStrides(extents, e, rng, packed && order[0] == 2, lay.form == Form::Strided && order[0] == 2);
+        if (gapless) st = {e, int64_t(e) * C, int64_t(e) * C * R};
         if (lay.form == Form::Planes && array) st = {e, int64_t(e) * N, int64_t(e) * N * C};
         int64_t stride[3];
         for (int k = 0; k < 3; ++k) stride[order[k]] = st[k];
@@ -290,6 +292,21 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
         // Each object in a place of its own, in shuffled order.
         const int roi = e * std::uniform_int_distribution<int>(0, 3)(rng);
         int64_t s2 = e * (1 + (lay.form == Form::Strided ? 1 : gap(rng, packed))), s1 = 0;
+        if (gapless) {
+            // Objects one right after another, in order.
+            const int64_t size = int64_t(e) * R * C;
+            for (int n = 0; n < N; ++n)
+                for (int r = 0; r < R; ++r)
+                    for (int c = 0; c < C; ++c) op.offsets[op.index(n, r, c)] = start + roi + n * size + (r * C + c) * e;
+            fillArena(op, start + roi + N * size, rng);
+            op.table.resize(N);
+            for (int n = 0; n < N; ++n) op.table[n] = op.arena.data() + start + n * size;
+            op.args.pp = op.table.data();
+            op.args.roi = roi;
+            op.args.s1 = vec ? 0 : static_cast<int>(e * C);
+            op.args.s2 = static_cast<int>(e);
+            return;
+        }
         bool colMajor = !packed && std::uniform_int_distribution<int>(0, 3)(rng) == 0;
         int64_t objBytes;
         if (colMajor) {

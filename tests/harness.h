@@ -109,7 +109,8 @@ void resetCacheQueries();
 // Planes: the objects of every S and P array one element apart (element
 // (j, i) of consecutive objects side by side), rows and positions without
 // gaps; L arrays and single objects as Random.
-enum class Form { Random, Packed, Strided, Planes };
+// Gapless: packed, and each object right after the last (rows too).
+enum class Form { Random, Packed, Strided, Planes, Gapless };
 
 struct Layout {
     Form form = Form::Random;

@@ -69,6 +69,14 @@ void forEachCase(const Member& m, F&& f, const std::vector<Form>& forms = {Form:
                 f(makeSetup(m, sizes, family(m).shape, Layout{form}, seed + 1));
                 seed += 2;
             }
+    // Objects right after one another, five of them: a pack of four floats
+    // or two pairs of doubles, and one left over.
+    for (int count : countsOf(m, {5}))
+        for (const Sizes& sizes : ladder(m, count)) {
+            f(makeCase(m, sizes, Layout{Form::Gapless}, seed));
+            f(makeSetup(m, sizes, family(m).shape, Layout{Form::Gapless}, seed + 1));
+            seed += 2;
+        }
 }
 
 // ---- guard pages ----------------------------------------------------------------

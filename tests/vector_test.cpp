@@ -250,12 +250,12 @@ KT_FAMILY("Trace", kHooks);
 std::vector<Sizes> sizeGrid(const Member& m)
 {
     std::vector<Sizes> shapes;
-    if (m.family == "CrossProduct") return withCounts(m, {{}}, {1, 2, 5, 9});
+    if (m.family == "CrossProduct") return withCounts(m, {{}}, {1, 2, 5, 9, 13});
     if (m.family == "FrobNorm") {
         for (int w = 1; w <= 9; ++w)
             for (int h = 1; h <= 9; ++h) shapes.push_back({{"width", w}, {"height", h}});
         shapes.push_back({{"width", 17}, {"height", 2}});
-        return withCounts(m, shapes, {1, 5});
+        return withCounts(m, shapes, {1, 5, 13});
     }
     if (m.family == "Trace") {
         for (int w : {1, 2, 3, 4, 5, 6, 7, 8, 9, 12}) shapes.push_back({{"width", w}});
@@ -263,7 +263,7 @@ std::vector<Sizes> sizeGrid(const Member& m)
     }
     for (int len = 1; len <= 20; ++len) shapes.push_back({{"len", len}});
     for (int len : {31, 32, 33}) shapes.push_back({{"len", len}});
-    return withCounts(m, shapes);
+    return withCounts(m, shapes, {1, 2, 5, 13});
 }
 
 std::string paramName(const ::testing::TestParamInfo<std::string>& p) { return p.param; }
