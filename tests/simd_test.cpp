@@ -113,6 +113,14 @@ TEST(Simd, ReductionsAndLaneSumEqualScalarTwinAndModel)
         EXPECT_EQ(simd::sumHalves(a[0]), (s[0] + s[2]) + (s[1] + s[3]));
         EXPECT_EQ(simd::sumPairs(b[0]), simd::sumPairs(a[0]));
         EXPECT_EQ(simd::sumHalves(b[0]), simd::sumHalves(a[0]));
+        // Four packs at once: pack o's sum in lane o.
+        float four[4], fourScalar[4];
+        simd::sumHalves(a).store(four);
+        simd::sumHalves(b).store(fourScalar);
+        for (int o = 0; o < 4; ++o) {
+            EXPECT_EQ(four[o], simd::sumHalves(a[o])) << o;
+            EXPECT_EQ(fourScalar[o], four[o]) << o;
+        }
         simd::transpose4(a);
         simd::transpose4(b);
         float ta[16], tb[16];
@@ -203,6 +211,34 @@ void pairThroughBlocks()
     EXPECT_EQ(p[-1], -7.0);
 }
 
+// The same for four gapless objects of an odd number of floats.
+template <int H, int W>
+void quadThroughBlocks()
+{
+    constexpr int E = H * W;
+    std::mt19937 rng(E);
+    kt::Guarded mem((4 * E + 1) * sizeof(float));
+    float* p = mem.as<float>(sizeof(float));
+    p[-1] = -7.0f;
+    const auto v = randomRow<float>(rng, 4 * E);
+    std::copy(v.begin(), v.end(), p);
+    simd::Lanes<float> a[H][W];
+    quadsOfBlocks(p, a);
+    for (int e = 0; e < E; ++e) {
+        for (int o = 0; o < 4; ++o) ASSERT_EQ(a[e / W][e % W].lane(o), p[o * E + e]) << H << "x" << W << " " << e;
+        a[e / W][e % W] = a[e / W][e % W] + simd::Lanes<float>(1.0f);
+    }
+    blocksOfQuads(a, p);
+    for (int e = 0; e < 4 * E; ++e) EXPECT_EQ(p[e], v[e] + 1.0f) << H << "x" << W << " " << e;
+    EXPECT_EQ(p[-1], -7.0f);
+    // Skewed, lane l holds object (l*E) % 4, and the way back undoes it.
+    quadsOfBlocks<H, W, true>(p, a);
+    for (int e = 0; e < E; ++e)
+        for (int l = 0; l < 4; ++l) ASSERT_EQ(a[e / W][e % W].lane(l), p[l * E % 4 * E + e]) << H << "x" << W << " " << e;
+    blocksOfQuads<H, W, true>(a, p);
+    for (int e = 0; e < 4 * E; ++e) EXPECT_EQ(p[e], v[e] + 1.0f) << H << "x" << W << " " << e;
+}
+
 TEST(Lanes, RowsOfPackedObjectsThroughLanes)
 {
     rowsThroughLanes<float>();
@@ -211,4 +247,9 @@ TEST(Lanes, RowsOfPackedObjectsThroughLanes)
     pairThroughBlocks<1, 5>();
     pairThroughBlocks<3, 3>();
     pairThroughBlocks<5, 5>();
+    quadThroughBlocks<1, 1>();
+    quadThroughBlocks<1, 3>();
+    quadThroughBlocks<1, 5>();
+    quadThroughBlocks<3, 3>();
+    quadThroughBlocks<5, 5>();
 }

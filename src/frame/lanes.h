@@ -195,12 +195,99 @@ inline void blocksOfPairs(const simd::Lanes<double> (&a)[H][W], double* p)
     });
 }
 
-// Are objects `first` and `first + 1` of a walk whose rows are runs of
+// Four objects of E floats, E odd, the next right after the last: the E
+// 16-byte blocks that hold them.  Element e of object o is float o*E + e,
+// lane (o*E + e) % 4 of block (o*E + e) / 4.  As E is odd, the four objects'
+// element e lies in four different lanes, so it comes out of its blocks by
+// blends, then one permutation puts object o into lane o.  The way back
+// permutes each element the other way and blends the blocks together.
+namespace detail {
+// The lanes of block q that hold element e of the four objects.
+constexpr int quadLanes(int E, int e, int q)
+{
+    int m = 0;
+    for (int o = 0; o < 4; ++o)
+        if ((o * E + e) / 4 == q) m |= 1 << ((o * E + e) % 4);
+    return m;
+}
+// Shuffle control that takes element e of the four objects from the lanes of
+// the blocks (lane (o*E + e) % 4 holds object o) to lane o (in), and back
+// (out).  Skewed, lane l holds object (l*E) % 4 instead, the order that
+// element 0 comes in (as E*E % 4 is 1, it takes a rotation by e).
+constexpr int quadOrder(int E, int e, bool in, bool skewed)
+{
+    int c = 0;
+    for (int l = 0; l < 4; ++l) {
+        const int to = l, from = skewed ? (l + e) % 4 : (l * E + e) % 4;
+        c |= in ? from << (2 * to) : to << (2 * from);
+    }
+    return c;
+}
+constexpr int kInOrder = 0xE4;  // lanes 0, 1, 2, 3 as they are
+}  // namespace detail
+
+template <int E, bool Skewed = false>
+inline void lanesOfBlocks(const __m128 (&b)[E], simd::Lanes<float> (&a)[E])
+{
+    static_assert(E % 2 == 1, "an odd number of elements an object");
+    unrolled<E>([&](auto e) {
+        __m128 v = b[e / 4];
+        unrolled<3>([&](auto o) {
+            constexpr int q = ((o + 1) * E + e) / 4, qPrev = (o * E + e) / 4;
+            if constexpr (q != qPrev) v = _mm_blend_ps(v, b[q], detail::quadLanes(E, e, q));
+        });
+        constexpr int c = detail::quadOrder(E, e, true, Skewed);
+        if constexpr (c != detail::kInOrder) v = _mm_shuffle_ps(v, v, c);
+        a[e] = simd::Pack<simd::Sse, float>{v};
+    });
+}
+template <int E, bool Skewed = false>
+inline void blocksOfLanes(const simd::Lanes<float> (&a)[E], __m128 (&b)[E])
+{
+    static_assert(E % 2 == 1, "an odd number of elements an object");
+    __m128 u[E];
+    unrolled<E>([&](auto e) {
+        constexpr int c = detail::quadOrder(E, e, false, Skewed);
+        u[e] = c == detail::kInOrder ? a[e].p.v : _mm_shuffle_ps(a[e].p.v, a[e].p.v, c);
+    });
+    unrolled<E>([&](auto q) {
+        __m128 v = u[4 * q % E];
+        unrolled<3>([&](auto l) {
+            constexpr int e = (4 * q + l + 1) % E;
+            constexpr bool first = e == 4 * q % E || (l >= 1 && e == (4 * q + 1) % E) || (l >= 2 && e == (4 * q + 2) % E);
+            if constexpr (!first) v = _mm_blend_ps(v, u[e], detail::quadLanes(E, e, q));
+        });
+        b[q] = v;
+    });
+}
+// Element (j, i) of four gapless objects of H x W floats at p, and back.
+template <int H, int W, bool Skewed = false>
+inline void quadsOfBlocks(const float* p, simd::Lanes<float> (&a)[H][W])
+{
+    constexpr int E = H * W;
+    __m128 b[E];
+    simd::Lanes<float> t[E];
+    unrolled<E>([&](auto q) { b[q] = _mm_loadu_ps(p + 4 * q); });
+    lanesOfBlocks<E, Skewed>(b, t);
+    unrolled<E>([&](auto e) { a[e / W][e % W] = t[e]; });
+}
+template <int H, int W, bool Skewed = false>
+inline void blocksOfQuads(const simd::Lanes<float> (&a)[H][W], float* p)
+{
+    constexpr int E = H * W;
+    simd::Lanes<float> t[E];
+    __m128 b[E];
+    unrolled<E>([&](auto e) { t[e] = a[e / W][e % W]; });
+    blocksOfLanes<E, Skewed>(t, b);
+    unrolled<E>([&](auto q) { _mm_storeu_ps(p + 4 * q, b[q]); });
+}
+
+// Are objects `first` .. `first + N - 1` of a walk whose rows are runs of
 // memory H rows of W elements with no gap within or between them?
 // Known from the strides alone for an S array, which leaves the answer the
 // same for every pack of the call.
-template <int H, int W, class Walk>
-inline bool gaplessPair(const Walk& in, int32_t first)
+template <int N, int H, int W, class Walk>
+inline bool gaplessRun(const Walk& in, int32_t first)
 {
     using V = std::remove_cv_t<decltype(in.v)>;
     constexpr int32_t e = sizeof(typename V::Elem);
@@ -209,18 +296,24 @@ inline bool gaplessPair(const Walk& in, int32_t first)
         return in.v.s1 == W * e && in.v.s0 == H * W * e;
     } else {
         const auto* p = in[first].at(0, 0);
-        return in[first + 1].at(0, 0) == p + W * H && (H == 1 || in[first].at(1, 0) == p + W);
+        bool gapless = H == 1 || in[first].at(1, 0) == p + W;
+        for (int o = 1; o < N; ++o) gapless = gapless && in[first + o].at(0, 0) == p + o * W * H;
+        return gapless;
     }
 }
 
 // Rows 0 .. H-1 (W elements each) of the pack of objects from `first` of a
 // walk whose rows are runs of memory: a[j][i] is element (j, i).  Pairs of
-// gapless double objects with an odd number of elements take their blocks.
+// gapless objects with an odd number of elements take their blocks.
 template <int H, int W, class Walk, class L>
 [[gnu::always_inline]] inline void lanesOfRows(const Walk& in, int32_t first, L (&a)[H][W])
 {
-    if constexpr (std::is_same<L, simd::Lanes<double>>::value && W * H % 2 == 1) {
-        if (gaplessPair<H, W>(in, first)) return pairsOfBlocks(in[first].at(0, 0), a);
+    if constexpr (W * H % 2 == 1) {
+        constexpr int N = simd::kLanes<typename L::Elem>;
+        if (gaplessRun<N, H, W>(in, first)) {
+            if constexpr (N == 2) return pairsOfBlocks(in[first].at(0, 0), a);
+            else return quadsOfBlocks(in[first].at(0, 0), a);
+        }
     }
     unrolled<H>([&](auto j) { lanesOfRow([&](int l) { return in[first + l].at(j, 0); }, W, a[j]); });
 }
@@ -228,8 +321,12 @@ template <int H, int W, class Walk, class L>
 template <int H, int W, class Walk, class L>
 [[gnu::always_inline]] inline void rowsOfLanes(const L (&a)[H][W], const Walk& out, int32_t first)
 {
-    if constexpr (std::is_same<L, simd::Lanes<double>>::value && W * H % 2 == 1) {
-        if (gaplessPair<H, W>(out, first)) return blocksOfPairs(a, out[first].at(0, 0));
+    if constexpr (W * H % 2 == 1) {
+        constexpr int N = simd::kLanes<typename L::Elem>;
+        if (gaplessRun<N, H, W>(out, first)) {
+            if constexpr (N == 2) return blocksOfPairs(a, out[first].at(0, 0));
+            else return blocksOfQuads(a, out[first].at(0, 0));
+        }
     }
     unrolled<H>([&](auto j) { rowOfLanes(a[j], W, [&](int l) { return out[first + l].at(j, 0); }); });
 }

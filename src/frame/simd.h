@@ -301,6 +301,21 @@ inline float sumHalves(Pack<Sse, float> p)
 }
 inline float sumPairs(const Pack<Scalar, float>& p) { return (p.v[0] + p.v[1]) + (p.v[2] + p.v[3]); }
 inline float sumHalves(const Pack<Scalar, float>& p) { return (p.v[0] + p.v[2]) + (p.v[1] + p.v[3]); }
+// sumHalves of four packs at once, p[o]'s in lane o: each pack's halves
+// added beside another's (two unpacks a pair of packs), then the four
+// objects' sums s0+s2 and s1+s3 brought together.
+inline Pack<Sse, float> sumHalves(const Pack<Sse, float> (&p)[4])
+{
+    const __m128 x = _mm_add_ps(_mm_unpacklo_ps(p[0].v, p[1].v), _mm_unpackhi_ps(p[0].v, p[1].v));
+    const __m128 y = _mm_add_ps(_mm_unpacklo_ps(p[2].v, p[3].v), _mm_unpackhi_ps(p[2].v, p[3].v));
+    return {_mm_add_ps(_mm_movelh_ps(x, y), _mm_movehl_ps(y, x))};
+}
+inline Pack<Scalar, float> sumHalves(const Pack<Scalar, float> (&p)[4])
+{
+    Pack<Scalar, float> r;
+    for (int o = 0; o < 4; ++o) r.v[o] = sumHalves(p[o]);
+    return r;
+}
 
 // Square root of every lane, rounded in the element type.
 inline Pack<Sse, float> sqrt(Pack<Sse, float> p) { return {_mm_sqrt_ps(p.v)}; }

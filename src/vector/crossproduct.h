@@ -5,7 +5,8 @@
 // result.  Strided and table calls store dst(0) before they read the
 // elements of dst(1), and so on.  Neither touches more than three elements
 // of any vector.  Vectors side by side (interleaved S, P over planes) that
-// overlap nothing go a pack of objects at a time.
+// overlap nothing go a pack of objects at a time, and so do packed float
+// vectors with no gap between them, through the blocks that hold four.
 #pragma once
 
 #include <cstdint>
@@ -52,13 +53,39 @@ struct CrossKernel {
         });
     }
 
+    // Packed float arrays of gapless vectors, apart or in place: four
+    // objects at a time through the blocks that hold them.
+    template <class WA, class WB, class WD>
+    static int32_t inBlocks(int32_t count, const WA& wa, const WB& wb, const WD& wd)
+    {
+        using L = simd::Lanes<float>;
+        int32_t n = 0;
+        for (; n + 4 <= count; n += 4) {
+            L x[1][3], y[1][3], z[1][3];
+            quadsOfBlocks<1, 3, true>(wa[n].row(0), x);
+            quadsOfBlocks<1, 3, true>(wb[n].row(0), y);
+            z[0][0] = x[0][1] * y[0][2] - x[0][2] * y[0][1];
+            z[0][1] = x[0][2] * y[0][0] - x[0][0] * y[0][2];
+            z[0][2] = x[0][0] * y[0][1] - x[0][1] * y[0][0];
+            blocksOfQuads<1, 3, true>(z, wd[n].row(0));
+        }
+        return n;
+    }
+
     template <Path W, class A, class B, class D>
     static void run(int32_t count, const A& a, const B& b, const D& d)
     {
         const Walk<W, A> wa(a);
         const Walk<W, B> wb(b);
         const Walk<W, D> wd(d);
-        for (int32_t n = 0; n < count; ++n) {
+        int32_t n = 0;
+        if constexpr (W == Path::Rows && std::is_same<T, float>::value && A::desc == Desc::S && A::array &&
+                      B::desc == Desc::S && B::array && D::desc == Desc::S && D::array) {
+            if (gaplessVectors(wa, 3) && gaplessVectors(wb, 3) && gaplessVectors(wd, 3) &&
+                !overlapsSources(d, count, 3, 1, a, b))
+                n = inBlocks(count, wa, wb, wd);
+        }
+        for (; n < count; ++n) {
             const auto x = wa[n];
             const auto y = wb[n];
             const auto z = wd[n];

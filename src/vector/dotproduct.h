@@ -75,18 +75,33 @@ struct DotKernel {
     }
 
     // Packed float arrays of 3 or 4 elements, four objects in lanes: each
-    // object's products added in ascending order.
+    // object's products added in ascending order.  Gapless 3-vectors take
+    // the products of their blocks.
     template <int N, class WA, class WB>
     static int32_t four(int32_t count, const WA& wa, const WB& wb, const Dense<float>& d)
     {
+        auto ascending = [](int32_t, const auto& t) {
+            auto s = t[0] + t[1];
+            s = s + t[2];
+            if constexpr (N == 4) s = s + t[3];
+            return s;
+        };
+        if constexpr (N == 3 && std::remove_cv_t<decltype(wb.v)>::array) {
+            if (gaplessVectors(wa, 3) && gaplessVectors(wb, 3)) {
+                return fourInBlocks<3>(
+                    count, d,
+                    [&](int32_t n, int q) {
+                        return _mm_mul_ps(_mm_loadu_ps(wa[n].row(0) + 4 * q), _mm_loadu_ps(wb[n].row(0) + 4 * q));
+                    },
+                    ascending);
+            }
+        }
         using R = simd::Row<simd::Sse, float, N>;
         return fourInLanes(
             count, d, [&](int32_t n) { return R::load(wa[n].row(0)).p[0] * R::load(wb[n].row(0)).p[0]; },
-            [](int32_t, const auto& t) {
-                auto s = t[0] + t[1];
-                s = s + t[2];
-                if constexpr (N == 4) s = s + t[3];
-                return s;
+            [&](int32_t n, auto& t) {
+                columns(t);
+                return ascending(n, t);
             });
     }
 

@@ -212,16 +212,19 @@ struct FrobKernel {
         return fourInLanes(
             count, d,
             [&](int32_t n) {
+                // Squares are never -0.0, so starting from row 0's squares
+                // gives the bits of starting from zero.
                 const auto x = wa[n];
-                P acc = P::splat(0.0f);
-                for (int j = 0; j < N; ++j) {
-                    const P r = R::load(x.row(j)).p[0];
+                P r = R::load(x.row(0)).p[0];
+                P acc = r * r;
+                for (int j = 1; j < N; ++j) {
+                    r = R::load(x.row(j)).p[0];
                     acc = acc + r * r;
                 }
                 return acc;
             },
             [&](int32_t n, const auto& s) {
-                P t = (s[0] + s[2]) + (s[1] + s[3]);
+                P t = simd::sumHalves(s);
                 if constexpr (N == 5) {
                     alignas(16) float c4[4];
                     for (int o = 0; o < 4; ++o) {

@@ -43,10 +43,25 @@ struct NormKernel {
     // Packed float arrays of 3 to 6 elements, four objects in lanes: the
     // squares of elements 0 to 3 paired as (x0^2 + x1^2) + (x2^2 + x3^2),
     // then x4^2 (and x5^2) of the four objects; one square root for the four.
+    // Gapless vectors of 3 and 5 take the squares of their blocks.
     template <int N, class WA>
     static int32_t four(int32_t count, const WA& wa, const Dense<float>& d)
     {
         using P = simd::Pack<simd::Sse, float>;
+        if constexpr (N % 2 == 1) {
+            if (gaplessVectors(wa, N)) {
+                return fourInBlocks<N>(
+                    count, d,
+                    [&](int32_t n, int q) {
+                        const __m128 x = _mm_loadu_ps(wa[n].row(0) + 4 * q);
+                        return _mm_mul_ps(x, x);
+                    },
+                    [](int32_t, const auto& q) {
+                        if constexpr (N == 3) return simd::sqrt((q[0] + q[1]) + q[2]);
+                        else return simd::sqrt(((q[0] + q[1]) + (q[2] + q[3])) + q[4]);
+                    });
+            }
+        }
         using R = simd::Row<simd::Sse, float, (N < 4 ? N : 4)>;
         auto column = [&](int32_t n, int i) {
             alignas(16) float x[4];
@@ -60,7 +75,8 @@ struct NormKernel {
                 const P x = R::load(wa[n].row(0)).p[0];
                 return x * x;
             },
-            [&](int32_t n, const auto& q) {
+            [&](int32_t n, auto& q) {
+                columns(q);
                 P s = N == 3 ? (q[0] + q[1]) + q[2] : (q[0] + q[1]) + (q[2] + q[3]);
                 if constexpr (N == 5) s = s + column(n, 4);
                 if constexpr (N == 6) s = s + (column(n, 4) + column(n, 5));

@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "frame/cursor.h"
+#include "frame/lanes.h"
 #include "frame/simd.h"
 #include "frame/view.h"
 
@@ -89,9 +90,9 @@ inline void byPath(F&& f, const V0& v0, const V&... v)
 }
 
 // Packed float arrays, four objects at a time: terms(n) gives the pack of
-// object n's terms (term k in lane k); the four packs are transposed, so that
-// pack k holds term k of the four objects in their lanes, and reduce(n, t)
-// gives the four results, stored as one pack.  Returns the objects done.
+// object n's terms (term k in lane k), and reduce(n, t) gives the four
+// results from the four objects' packs t[0..3], stored as one pack; those
+// that add term by term take columns(t) first.  Returns the objects done.
 // d comes by value: its own copy stays in registers, where the caller's
 // would be read again after every store.
 template <class Terms, class Reduce>
@@ -101,10 +102,43 @@ inline int32_t fourInLanes(int32_t count, const Dense<float> d, Terms terms, Red
     for (; n + 4 <= count; n += 4) {
         simd::Pack<simd::Sse, float> t[4];
         for (int o = 0; o < 4; ++o) t[o] = terms(n + o);
-        simd::transpose4(t);
         reduce(n, t).store(d.at(n));
     }
     return n;
+}
+// The four objects' packs transposed: pack k holds term k of the four
+// objects, object o's in lane o.
+inline void columns(simd::Pack<simd::Sse, float> (&t)[4]) { simd::transpose4(t); }
+
+// Packed float arrays of gapless objects of E terms, E odd, four objects at
+// a time: blocks(n, q) gives the 16-byte block q of the terms of objects
+// n .. n+3 (object o's term k the float o*E + k of their run), whose lanes
+// are moved into place by blends rather than by transpositions; reduce as
+// in fourInLanes.
+template <int E, class Blocks, class Reduce>
+inline int32_t fourInBlocks(int32_t count, const Dense<float> d, Blocks blocks, Reduce reduce)
+{
+    int32_t n = 0;
+    for (; n + 4 <= count; n += 4) {
+        __m128 b[E];
+        simd::Lanes<float> l[E];
+        simd::Pack<simd::Sse, float> t[E];
+        unrolled<E>([&](auto q) { b[q] = blocks(n, q); });
+        lanesOfBlocks(b, l);
+        unrolled<E>([&](auto e) { t[e] = l[e].p; });
+        reduce(n, t).store(d.at(n));
+    }
+    return n;
+}
+
+// Does an S array of vectors of n elements hold them one right after
+// another (and so four of them in n blocks)?
+template <class W>
+inline bool gaplessVectors(const W& walk, int32_t n)
+{
+    using V = std::remove_cv_t<decltype(walk.v)>;
+    if constexpr (V::desc == Desc::S && V::array) return walk.v.s0 == n * kElem<typename V::Elem>;
+    else return (void)walk, (void)n, false;
 }
 
 }  // namespace kel::vector
