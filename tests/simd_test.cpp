@@ -184,72 +184,51 @@ void rowsThroughLanes()
     }
 }
 
-// Two gapless double objects of H x W elements, an odd number, through
-// their blocks: element (j, i) of the first lands in lane 0 and of the
-// second in lane 1, the way back restores them, and nothing outside the two
-// is touched (they end at a guard page; the element before them keeps its
-// value).
-template <int H, int W>
-void pairThroughBlocks()
+// Gapless objects of H x W elements, an odd number, through their blocks, a
+// pair of doubles or four floats at a time: element (j, i) of object o
+// lands in lane o (skewed, object (l*E) % 4 in lane l), the way back
+// restores them, and nothing outside the objects is touched (they end at a
+// guard page; the element before them keeps its value).
+template <class T, int H, int W, bool Skewed = false>
+void throughBlocks()
 {
-    constexpr int E = H * W;
+    constexpr int E = H * W, N = simd::kLanes<T>;
     std::mt19937 rng(E);
-    kt::Guarded mem((2 * E + 1) * sizeof(double));
-    double* p = mem.as<double>(sizeof(double));
-    p[-1] = -7.0;
-    const auto v = randomRow<double>(rng, 2 * E);
+    kt::Guarded mem((N * E + 1) * sizeof(T));
+    T* p = mem.as<T>(sizeof(T));
+    p[-1] = T(-7);
+    const auto v = randomRow<T>(rng, N * E);
     std::copy(v.begin(), v.end(), p);
-    simd::Lanes<double> a[H][W];
-    pairsOfBlocks(p, a);
+    simd::Lanes<T> a[H][W];
+    if constexpr (N == 2) pairsOfBlocks(p, a);
+    else quadsOfBlocks<H, W, Skewed>(p, a);
     for (int e = 0; e < E; ++e) {
-        ASSERT_EQ(a[e / W][e % W].lane(0), p[e]) << H << "x" << W << " " << e;
-        ASSERT_EQ(a[e / W][e % W].lane(1), p[E + e]) << H << "x" << W << " " << e;
-        a[e / W][e % W] = a[e / W][e % W] + simd::Lanes<double>(1.0);
+        for (int l = 0; l < N; ++l) {
+            const int o = Skewed ? l * E % 4 : l;
+            ASSERT_EQ(a[e / W][e % W].lane(l), p[o * E + e]) << H << "x" << W << " " << e << " lane " << l;
+        }
+        a[e / W][e % W] = a[e / W][e % W] + simd::Lanes<T>(T(1));
     }
-    blocksOfPairs(a, p);
-    for (int e = 0; e < 2 * E; ++e) EXPECT_EQ(p[e], v[e] + 1.0) << H << "x" << W << " " << e;
-    EXPECT_EQ(p[-1], -7.0);
+    if constexpr (N == 2) blocksOfPairs(a, p);
+    else blocksOfQuads<H, W, Skewed>(a, p);
+    for (int e = 0; e < N * E; ++e) EXPECT_EQ(p[e], v[e] + T(1)) << H << "x" << W << " " << e;
+    EXPECT_EQ(p[-1], T(-7));
 }
-
-// The same for four gapless objects of an odd number of floats.
 template <int H, int W>
-void quadThroughBlocks()
+void everyThroughBlocks()
 {
-    constexpr int E = H * W;
-    std::mt19937 rng(E);
-    kt::Guarded mem((4 * E + 1) * sizeof(float));
-    float* p = mem.as<float>(sizeof(float));
-    p[-1] = -7.0f;
-    const auto v = randomRow<float>(rng, 4 * E);
-    std::copy(v.begin(), v.end(), p);
-    simd::Lanes<float> a[H][W];
-    quadsOfBlocks(p, a);
-    for (int e = 0; e < E; ++e) {
-        for (int o = 0; o < 4; ++o) ASSERT_EQ(a[e / W][e % W].lane(o), p[o * E + e]) << H << "x" << W << " " << e;
-        a[e / W][e % W] = a[e / W][e % W] + simd::Lanes<float>(1.0f);
-    }
-    blocksOfQuads(a, p);
-    for (int e = 0; e < 4 * E; ++e) EXPECT_EQ(p[e], v[e] + 1.0f) << H << "x" << W << " " << e;
-    EXPECT_EQ(p[-1], -7.0f);
-    // Skewed, lane l holds object (l*E) % 4, and the way back undoes it.
-    quadsOfBlocks<H, W, true>(p, a);
-    for (int e = 0; e < E; ++e)
-        for (int l = 0; l < 4; ++l) ASSERT_EQ(a[e / W][e % W].lane(l), p[l * E % 4 * E + e]) << H << "x" << W << " " << e;
-    blocksOfQuads<H, W, true>(a, p);
-    for (int e = 0; e < 4 * E; ++e) EXPECT_EQ(p[e], v[e] + 1.0f) << H << "x" << W << " " << e;
+    throughBlocks<double, H, W>();
+    throughBlocks<float, H, W>();
+    throughBlocks<float, H, W, true>();
 }
 
 TEST(Lanes, RowsOfPackedObjectsThroughLanes)
 {
     rowsThroughLanes<float>();
     rowsThroughLanes<double>();
-    pairThroughBlocks<1, 1>();
-    pairThroughBlocks<1, 5>();
-    pairThroughBlocks<3, 3>();
-    pairThroughBlocks<5, 5>();
-    quadThroughBlocks<1, 1>();
-    quadThroughBlocks<1, 3>();
-    quadThroughBlocks<1, 5>();
-    quadThroughBlocks<3, 3>();
-    quadThroughBlocks<5, 5>();
+    everyThroughBlocks<1, 1>();
+    everyThroughBlocks<1, 3>();
+    everyThroughBlocks<1, 5>();
+    everyThroughBlocks<3, 3>();
+    everyThroughBlocks<5, 5>();
 }
