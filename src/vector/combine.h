@@ -11,7 +11,8 @@
 // time, the last partial group touching exactly the remaining elements;
 // lengths 3 to 6 in straight-line code.  Vectors side by side (interleaved
 // S, P over planes; lengths up to 8) that overlap nothing go a pack of
-// objects at a time.
+// objects at a time, and arrays with no gap between their vectors as one
+// run of elements.
 #pragma once
 
 #include <cstdint>
@@ -91,8 +92,30 @@ struct CombineKernel {
                 return kelStsNoErr;
             }
         }
+        if constexpr (std::is_same<Isa, simd::Sse>::value && sArrays<A, B, D>()) {
+            if (gaplessVectors(a, len) && gaplessVectors(b, len) && gaplessVectors(d, len) &&
+                !overlapsSources(d, count, len, 1, a, b)) {
+                run(a.at(0, 0, 0), b.at(0, 0, 0), d.at(0, 0, 0), int64_t{count} * len);
+                return kelStsNoErr;
+            }
+        }
         byPath([&](auto w) { run<decltype(w)::value>(count, a, b, d); }, a, b, d);
         return kelStsNoErr;
+    }
+
+    // Gapless arrays, apart or in place: one run of n elements, a pack at a
+    // time, the last partial pack touching exactly the remaining elements.
+    void run(const T* a, const T* b, T* d, int64_t n) const
+    {
+        using P = simd::Pack<Isa, T>;
+        constexpr int32_t L = simd::kLanes<T>;
+        const Op f = op;
+        int64_t k = 0;
+        for (; k + L <= n; k += L) f(P::load(a + k), P::load(b + k)).store(d + k);
+        if (k < n) {
+            const int m = static_cast<int>(n - k);
+            f(P::loadPart(a + k, m), P::loadPart(b + k, m)).storePart(d + k, m);
+        }
     }
 
     // Vectors side by side: element i of a pack of objects at once.

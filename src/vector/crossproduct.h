@@ -79,9 +79,8 @@ struct CrossKernel {
         const Walk<W, B> wb(b);
         const Walk<W, D> wd(d);
         int32_t n = 0;
-        if constexpr (W == Path::Rows && std::is_same<T, float>::value && A::desc == Desc::S && A::array &&
-                      B::desc == Desc::S && B::array && D::desc == Desc::S && D::array) {
-            if (gaplessVectors(wa, 3) && gaplessVectors(wb, 3) && gaplessVectors(wd, 3) &&
+        if constexpr (W == Path::Rows && std::is_same<T, float>::value && sArrays<A, B, D>()) {
+            if (gaplessVectors(wa.v, 3) && gaplessVectors(wb.v, 3) && gaplessVectors(wd.v, 3) &&
                 !overlapsSources(d, count, 3, 1, a, b))
                 n = inBlocks(count, wa, wb, wd);
         }

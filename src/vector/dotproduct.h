@@ -87,7 +87,7 @@ struct DotKernel {
             return s;
         };
         if constexpr (N == 3 && std::remove_cv_t<decltype(wb.v)>::array) {
-            if (gaplessVectors(wa, 3) && gaplessVectors(wb, 3)) {
+            if (gaplessVectors(wa.v, 3) && gaplessVectors(wb.v, 3)) {
                 return fourInBlocks<3>(
                     count, d,
                     [&](int32_t n, int q) {
