@@ -223,6 +223,14 @@ constexpr int quadOrder(int E, int e, bool in, bool skewed)
     }
     return c;
 }
+// Does lane l of block q hold the same element (of another object) as a
+// lane before it?
+constexpr bool elementSeen(int E, int q, int l)
+{
+    for (int m = 0; m < l; ++m)
+        if ((4 * q + m) % E == (4 * q + l) % E) return true;
+    return false;
+}
 constexpr int kInOrder = 0xE4;  // lanes 0, 1, 2, 3 as they are
 }  // namespace detail
 
@@ -252,10 +260,9 @@ inline void blocksOfLanes(const simd::Lanes<float> (&a)[E], __m128 (&b)[E])
     });
     unrolled<E>([&](auto q) {
         __m128 v = u[4 * q % E];
-        unrolled<3>([&](auto l) {
-            constexpr int e = (4 * q + l + 1) % E;
-            constexpr bool first = e == 4 * q % E || (l >= 1 && e == (4 * q + 1) % E) || (l >= 2 && e == (4 * q + 2) % E);
-            if constexpr (!first) v = _mm_blend_ps(v, u[e], detail::quadLanes(E, e, q));
+        unrolled<3>([&](auto m) {
+            constexpr int l = m + 1, e = (4 * q + l) % E;
+            if constexpr (!detail::elementSeen(E, q, l)) v = _mm_blend_ps(v, u[e], detail::quadLanes(E, e, q));
         });
         b[q] = v;
     });
