@@ -4,7 +4,7 @@
 //   Invert_32f/4   kelmInvert_ma_32f, 16-byte rows on 16-byte boundaries
 //                  (two matrices at a time) and 4 bytes off them (one at a time)
 //   Invert_64f/3   kelmInvert_ma_64f
-//   Det_64f/3, /4  kelmDet_ma_64f
+//   Det_64f/3, /4  kelmDet_ma_64f (and Det_32f, kelmDet_ma_32f, for information)
 // For the determinants an "arith" entry times the closed form's multiplies
 // and adds alone, two objects per register and no lane moves: it reads the
 // matrices as if two objects were interleaved element by element, so its
@@ -92,16 +92,18 @@ void kelmInvert3(benchmark::State& state)
     kb::report(state, kCount, sizeof(double) * 18);
 }
 
-template <int N>
+template <class T, int N>
 void kelmDet(benchmark::State& state)
 {
-    Data<double, N> x;
+    Data<T, N> x;
+    constexpr int e = sizeof(T);
     for (auto _ : state) {
-        kelmDet_ma_64f(x.a.data(), N * N * 8, N * 8, 8, N, x.buf.data(), x.d.data(), kCount);
+        if constexpr (e == 8) kelmDet_ma_64f(x.a.data(), N * N * e, N * e, e, N, x.buf.data(), x.d.data(), kCount);
+        else kelmDet_ma_32f(x.a.data(), N * N * e, N * e, e, N, x.buf.data(), x.d.data(), kCount);
         benchmark::DoNotOptimize(x.d.data());
         benchmark::ClobberMemory();
     }
-    kb::report(state, kCount, sizeof(double) * (N * N + 1));
+    kb::report(state, kCount, sizeof(T) * (N * N + 1));
 }
 
 // ---- glm (column-major: it inverts the transposes, the same work) -----------------
@@ -157,17 +159,17 @@ void eigenInverse(benchmark::State& state)
     kb::report(state, kCount, sizeof(T) * 2 * N * N);
 }
 
-template <int N>
+template <class T, int N>
 void eigenDet(benchmark::State& state)
 {
-    using M = Eigen::Matrix<double, N, N, Eigen::RowMajor>;
-    Data<double, N> x;
+    using M = Eigen::Matrix<T, N, N, Eigen::RowMajor>;
+    Data<T, N> x;
     for (auto _ : state) {
         for (int k = 0; k < kCount; ++k) x.d[k] = Eigen::Map<const M>(&x.a[k * N * N]).determinant();
         benchmark::DoNotOptimize(x.d.data());
         benchmark::ClobberMemory();
     }
-    kb::report(state, kCount, sizeof(double) * (N * N + 1));
+    kb::report(state, kCount, sizeof(T) * (N * N + 1));
 }
 #endif
 
@@ -201,18 +203,20 @@ void plainInverse4(const T* m, T* d)
     d[14] = (-m[12] * s3 + m[13] * s1 - m[14] * s0) * r, d[15] = (m[8] * s3 - m[9] * s1 + m[10] * s0) * r;
 }
 
-double plainDet3(const double* a)
+template <class T>
+T plainDet3(const T* a)
 {
     return (a[0] * a[4] - a[1] * a[3]) * a[8] - (a[0] * a[5] - a[3] * a[2]) * a[7] + (a[1] * a[5] - a[4] * a[2]) * a[6];
 }
 
-double plainDet4(const double* a)
+template <class T>
+T plainDet4(const T* a)
 {
-    const double m01 = a[0] * a[5] - a[4] * a[1], m02 = a[0] * a[6] - a[4] * a[2], m03 = a[0] * a[7] - a[4] * a[3];
-    const double m12 = a[1] * a[6] - a[5] * a[2], m13 = a[1] * a[7] - a[5] * a[3], m23 = a[2] * a[7] - a[6] * a[3];
-    const double A = a[10] * m01 - a[9] * m02 + a[8] * m12, B = a[11] * m01 - a[9] * m03 + a[8] * m13;
-    const double C = a[11] * m02 - a[10] * m03 + a[8] * m23, D = a[11] * m12 - a[10] * m13 + a[9] * m23;
-    return A * a[15] - B * a[14] + (0.0 - a[12]) * D + C * a[13];
+    const T m01 = a[0] * a[5] - a[4] * a[1], m02 = a[0] * a[6] - a[4] * a[2], m03 = a[0] * a[7] - a[4] * a[3];
+    const T m12 = a[1] * a[6] - a[5] * a[2], m13 = a[1] * a[7] - a[5] * a[3], m23 = a[2] * a[7] - a[6] * a[3];
+    const T A = a[10] * m01 - a[9] * m02 + a[8] * m12, B = a[11] * m01 - a[9] * m03 + a[8] * m13;
+    const T C = a[11] * m02 - a[10] * m03 + a[8] * m23, D = a[11] * m12 - a[10] * m13 + a[9] * m23;
+    return A * a[15] - B * a[14] + (T(0) - a[12]) * D + C * a[13];
 }
 
 template <class T, int N, void (*F)(const T*, T*)>
@@ -227,16 +231,16 @@ void plainInverse(benchmark::State& state)
     kb::report(state, kCount, sizeof(T) * 2 * N * N);
 }
 
-template <int N, double (*F)(const double*)>
+template <class T, int N, T (*F)(const T*)>
 void plainDet(benchmark::State& state)
 {
-    Data<double, N> x;
+    Data<T, N> x;
     for (auto _ : state) {
         for (int k = 0; k < kCount; ++k) x.d[k] = F(&x.a[k * N * N]);
         benchmark::DoNotOptimize(x.d.data());
         benchmark::ClobberMemory();
     }
-    kb::report(state, kCount, sizeof(double) * (N * N + 1));
+    kb::report(state, kCount, sizeof(T) * (N * N + 1));
 }
 
 // ---- arithmetic only: two objects per register -------------------------------------------
@@ -324,20 +328,32 @@ BENCHMARK(plainInverse<double, 3, plainInverse3>)->Name("Invert_64f/3/plainC");
 BENCHMARK(lapackInverse<double, 3>)->Name("Invert_64f/3/LAPACK");
 #endif
 
-BENCHMARK(kelmDet<3>)->Name("Det_64f/3/kelm");
+BENCHMARK(kelmDet<double, 3>)->Name("Det_64f/3/kelm");
 BENCHMARK(glmDet<glm::dmat3, 3>)->Name("Det_64f/3/glm");
 #ifdef KELM_BENCH_EIGEN
-BENCHMARK(eigenDet<3>)->Name("Det_64f/3/Eigen");
+BENCHMARK(eigenDet<double, 3>)->Name("Det_64f/3/Eigen");
 #endif
-BENCHMARK(plainDet<3, plainDet3>)->Name("Det_64f/3/plainC");
+BENCHMARK(plainDet<double, 3, plainDet3<double>>)->Name("Det_64f/3/plainC");
 BENCHMARK(arithDet<3>)->Name("Det_64f/3/arith");
 
-BENCHMARK(kelmDet<4>)->Name("Det_64f/4/kelm");
+BENCHMARK(kelmDet<double, 4>)->Name("Det_64f/4/kelm");
 BENCHMARK(glmDet<glm::dmat4, 4>)->Name("Det_64f/4/glm");
 #ifdef KELM_BENCH_EIGEN
-BENCHMARK(eigenDet<4>)->Name("Det_64f/4/Eigen");
+BENCHMARK(eigenDet<double, 4>)->Name("Det_64f/4/Eigen");
 #endif
-BENCHMARK(plainDet<4, plainDet4>)->Name("Det_64f/4/plainC");
+BENCHMARK(plainDet<double, 4, plainDet4<double>>)->Name("Det_64f/4/plainC");
 BENCHMARK(arithDet<4>)->Name("Det_64f/4/arith");
+
+// Single precision, for information.
+BENCHMARK(kelmDet<float, 3>)->Name("Det_32f/3/kelm");
+#ifdef KELM_BENCH_EIGEN
+BENCHMARK(eigenDet<float, 3>)->Name("Det_32f/3/Eigen");
+#endif
+BENCHMARK(plainDet<float, 3, plainDet3<float>>)->Name("Det_32f/3/plainC");
+BENCHMARK(kelmDet<float, 4>)->Name("Det_32f/4/kelm");
+#ifdef KELM_BENCH_EIGEN
+BENCHMARK(eigenDet<float, 4>)->Name("Det_32f/4/Eigen");
+#endif
+BENCHMARK(plainDet<float, 4, plainDet4<float>>)->Name("Det_32f/4/plainC");
 
 }  // namespace

@@ -86,23 +86,26 @@ struct DetKernel {
         return kelStsNoErr;
     }
 
-    // Orders 3 and 4 in double precision go two objects at a time, one in
-    // each lane, with the arithmetic of one.
+    // Orders 3 and 4 go a pack of objects at a time (two doubles or, with
+    // rows that are runs of memory, four floats), one in each lane, with
+    // the arithmetic of one.
     template <int N, class In, class T>
     static void closedForms(int32_t count, const In in, const Dense<T> dst)
     {
+        using L = simd::Lanes<T>;
+        constexpr int kL = simd::kLanes<T>;
         int32_t k = 0;
-        if constexpr (std::is_same<T, double>::value && N <= 4) {
+        if constexpr (N <= 4) {
             if constexpr (In::path == Path::Rows)
-                for (; k + 1 < count; k += 2) {
+                for (; k + kL <= count; k += kL) {
                     struct {
-                        simd::DoublePair a[N][N];
-                        simd::DoublePair get(int j, int i) const { return a[j][i]; }
-                    } pair;
-                    lanesOfRows(in, k, pair.a);
-                    _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(pair).p.v);
+                        L a[N][N];
+                        L get(int j, int i) const { return a[j][i]; }
+                    } pack;
+                    lanesOfRows(in, k, pack.a);
+                    detClosed<N, L>(pack).p.store(dst.at(k));
                 }
-            else
+            else if constexpr (std::is_same<T, double>::value)
                 for (; k + 1 < count; k += 2)
                     _mm_storeu_pd(dst.at(k), detClosed<N, simd::DoublePair>(simd::pairOf(in[k], in[k + 1])).p.v);
         }
