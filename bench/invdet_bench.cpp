@@ -3,7 +3,7 @@
 // a plain C cofactor loop, and LAPACK getrf/getri for information.
 //   Invert_32f/4   kelmInvert_ma_32f, 16-byte rows on 16-byte boundaries
 //                  (two matrices at a time) and 4 bytes off them (one at a time)
-//   Invert_64f/3   kelmInvert_ma_64f
+//   Invert_64f/3   kelmInvert_ma_64f (and Invert_32f/3, kelmInvert_ma_32f, for information)
 //   Det_64f/3, /4  kelmDet_ma_64f (and Det_32f, kelmDet_ma_32f, for information)
 // For the determinants an "arith" entry times the closed form's multiplies
 // and adds alone, two objects per register and no lane moves: it reads the
@@ -80,16 +80,20 @@ void kelmInvert4(benchmark::State& state)
     kb::report(state, kCount, sizeof(float) * 32);
 }
 
+template <class T>
 void kelmInvert3(benchmark::State& state)
 {
-    Data<double, 3> x;
+    Data<T, 3> x;
+    constexpr int e = sizeof(T);
     for (auto _ : state) {
-        if (kelmInvert_ma_64f(x.a.data(), 72, 24, 8, x.buf.data(), x.d.data(), 72, 24, 8, 3, kCount))
-            state.SkipWithError("refused");
+        KelStatus st;
+        if constexpr (e == 8) st = kelmInvert_ma_64f(x.a.data(), 9 * e, 3 * e, e, x.buf.data(), x.d.data(), 9 * e, 3 * e, e, 3, kCount);
+        else st = kelmInvert_ma_32f(x.a.data(), 9 * e, 3 * e, e, x.buf.data(), x.d.data(), 9 * e, 3 * e, e, 3, kCount);
+        if (st) state.SkipWithError("refused");
         benchmark::DoNotOptimize(x.d.data());
         benchmark::ClobberMemory();
     }
-    kb::report(state, kCount, sizeof(double) * 18);
+    kb::report(state, kCount, sizeof(T) * 18);
 }
 
 template <class T, int N>
@@ -175,11 +179,12 @@ void eigenDet(benchmark::State& state)
 
 // ---- plain C: cofactors and one division ---------------------------------------------
 
-void plainInverse3(const double* a, double* d)
+template <class T>
+void plainInverse3(const T* a, T* d)
 {
-    const double c00 = a[4] * a[8] - a[5] * a[7], c01 = a[5] * a[6] - a[3] * a[8], c02 = a[3] * a[7] - a[4] * a[6];
-    const double det = a[0] * c00 + a[1] * c01 + a[2] * c02;
-    const double r = 1.0 / det;
+    const T c00 = a[4] * a[8] - a[5] * a[7], c01 = a[5] * a[6] - a[3] * a[8], c02 = a[3] * a[7] - a[4] * a[6];
+    const T det = a[0] * c00 + a[1] * c01 + a[2] * c02;
+    const T r = T(1) / det;
     d[0] = c00 * r, d[1] = (a[2] * a[7] - a[1] * a[8]) * r, d[2] = (a[1] * a[5] - a[2] * a[4]) * r;
     d[3] = c01 * r, d[4] = (a[0] * a[8] - a[2] * a[6]) * r, d[5] = (a[2] * a[3] - a[0] * a[5]) * r;
     d[6] = c02 * r, d[7] = (a[1] * a[6] - a[0] * a[7]) * r, d[8] = (a[0] * a[4] - a[1] * a[3]) * r;
@@ -318,12 +323,12 @@ BENCHMARK(plainInverse<float, 4, plainInverse4<float>>)->Name("Invert_32f/4/plai
 BENCHMARK(lapackInverse<float, 4>)->Name("Invert_32f/4/LAPACK");
 #endif
 
-BENCHMARK(kelmInvert3)->Name("Invert_64f/3/kelm");
+BENCHMARK(kelmInvert3<double>)->Name("Invert_64f/3/kelm");
 BENCHMARK(glmInverse<glm::dmat3, double, 3>)->Name("Invert_64f/3/glm");
 #ifdef KELM_BENCH_EIGEN
 BENCHMARK(eigenInverse<double, 3>)->Name("Invert_64f/3/Eigen");
 #endif
-BENCHMARK(plainInverse<double, 3, plainInverse3>)->Name("Invert_64f/3/plainC");
+BENCHMARK(plainInverse<double, 3, plainInverse3<double>>)->Name("Invert_64f/3/plainC");
 #ifdef KELM_BENCH_LAPACK
 BENCHMARK(lapackInverse<double, 3>)->Name("Invert_64f/3/LAPACK");
 #endif
@@ -345,6 +350,11 @@ BENCHMARK(plainDet<double, 4, plainDet4<double>>)->Name("Det_64f/4/plainC");
 BENCHMARK(arithDet<4>)->Name("Det_64f/4/arith");
 
 // Single precision, for information.
+BENCHMARK(kelmInvert3<float>)->Name("Invert_32f/3/kelm");
+#ifdef KELM_BENCH_EIGEN
+BENCHMARK(eigenInverse<float, 3>)->Name("Invert_32f/3/Eigen");
+#endif
+BENCHMARK(plainInverse<float, 3, plainInverse3<float>>)->Name("Invert_32f/3/plainC");
 BENCHMARK(kelmDet<float, 3>)->Name("Det_32f/3/kelm");
 #ifdef KELM_BENCH_EIGEN
 BENCHMARK(eigenDet<float, 3>)->Name("Det_32f/3/Eigen");

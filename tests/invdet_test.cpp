@@ -384,25 +384,26 @@ TEST_P(InvDet, MatchesModelOnEveryLayout)
 }
 
 // Objects that are refused (or whose determinant is zero) in the middle of
-// an array: a zero column from the middle object on, a NaN in the first.
+// an array, in every lane of a pack of four and of a pair: a zero column, a
+// NaN in the first object.
 TEST_P(InvDet, RefusedAndNaNObjects)
 {
     const Member& m = member(GetParam());
     uint32_t seed = 300;
     for (int n = 1; n <= 8; ++n)
-        for (int bad = 0; bad < 2; ++bad) {
-            Sizes sizes{{"size", n}};
-            if (m.array) sizes["count"] = 3;
-            Case s = makeCase(m, sizes, Layout{Form::Random}, ++seed);
-            const int obj = m.array ? 1 : 0;
-            const bool estimate = wayOf(s) == Way::Estimate4 || wayOf(s) == Way::Block;
-            for (int r = 0; r < n; ++r)
-                s.ops[kSrc].set(obj, r, n / 2, bad || estimate ? 0.0 : r == n - 1 ? 1e-30 : 0.0);
-            if (m.array && n < 4) s.ops[kSrc].set(0, 0, 0, std::numeric_limits<double>::quiet_NaN());
-            if (m.family == "Det") checkDet(s);
-            else checkInvert(s);
-            if (HasFatalFailure()) return;
-        }
+        for (int bad = 0; bad < 2; ++bad)
+            for (int obj : m.array ? std::vector<int>{1, 2, 3, 4} : std::vector<int>{0}) {
+                Sizes sizes{{"size", n}};
+                if (m.array) sizes["count"] = 6;
+                Case s = makeCase(m, sizes, Layout{obj % 2 ? Form::Random : Form::Gapless}, ++seed);
+                const bool estimate = wayOf(s) == Way::Estimate4 || wayOf(s) == Way::Block;
+                for (int r = 0; r < n; ++r)
+                    s.ops[kSrc].set(obj, r, n / 2, bad || estimate ? 0.0 : r == n - 1 ? 1e-30 : 0.0);
+                if (m.array && n < 4) s.ops[kSrc].set(0, 0, 0, std::numeric_limits<double>::quiet_NaN());
+                if (m.family == "Det") checkDet(s);
+                else checkInvert(s);
+                if (HasFatalFailure()) return;
+            }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, InvDet, ::testing::ValuesIn(memberNames({"Invert", "Det"})), paramName);

@@ -12,7 +12,8 @@
 // and destination) has routines of its own that take the reciprocal from the
 // processor's estimate and one Newton step:
 //   order 3  the cofactors in four-lane vectors (single matrices and L
-//            arrays; S arrays keep the scalar closed form and its division),
+//            arrays; S arrays keep the scalar closed form and its division,
+//            four matrices at a time),
 //   order 4  ownInvert4x4_32f, and for S arrays whose objects and rows lie
 //            on 16-byte boundaries, 16 bytes a row, two matrices at a time,
 //   orders 5 and 6  a block form: one or two pivots on the first rows,
@@ -244,49 +245,56 @@ struct InvertKernel {
         return kelStsNoErr;
     }
 
-    // Double precision at orders 3 and 4: two objects at a time, one in each
-    // lane, with the arithmetic of one; the first is tested and written
-    // before the second.
-    template <int N, bool Packed, class In, class Out>
-    static KelStatus closedPairs(int32_t count, const In in, const Out out)
+    // Order 3 a pack of objects at a time, one in each lane, with the
+    // arithmetic of one: pairs of doubles, and four floats whose rows are
+    // runs of memory.  The objects of a pack are tested and written in
+    // order, so a refused one leaves those before it written, itself and
+    // the rest untouched.
+    template <int N, bool Packed, class T, class In, class Out>
+    static KelStatus closedPacks(int32_t count, const In in, const Out out)
     {
-        constexpr double t = closedTolerance<double, N>(Packed);
+        using L = simd::Lanes<T>;
+        constexpr int kL = simd::kLanes<T>;
+        constexpr double t = closedTolerance<T, N>(Packed);
         int32_t k = 0;
-        for (; k + 1 < count; k += 2) {
-            simd::DoublePair a[N][N];
+        for (; k + kL <= count; k += kL) {
+            L a[N][N];
             if constexpr (In::path == Path::Rows) {
                 lanesOfRows(in, k, a);
             } else {
                 const auto src = simd::pairOf(in[k], in[k + 1]);
                 unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { a[j][i] = src.get(j, i); }); });
             }
-            const Adjugate<N, simd::DoublePair> adj = laplaceAdjugate(a);
-            if (belowTolerance(t, adj.det.lane(0))) return kelStsSingular;
-            const bool second = !belowTolerance(t, adj.det.lane(1));
-            const simd::DoublePair r = simd::DoublePair(1.0) / adj.det;
-            simd::DoublePair x[N][N];
+            const Adjugate<N, L> adj = laplaceAdjugate(a);
+            // t is a small multiple of a power of two, so T holds it and
+            // the comparison gives what it gives in double.
+            static_assert(T(t) == t, "the tolerance is exact in the element type");
+            const int refused = maskBits(greater(L(T(t)), abs(adj.det)));
+            const int accepted = refused ? __builtin_ctz(refused) : kL;
+            if (accepted == 0) return kelStsSingular;
+            const L r = L(T(1)) / adj.det;
+            L x[N][N];
             unrolled<N>([&](auto i) {
                 unrolled<N>([&](auto j) {
-                    const simd::DoublePair m = adj.minor[i][j];
-                    x[j][i] = ((i + j) % 2 ? simd::DoublePair(0.0) - m : m) * r;
+                    const L m = adj.minor[i][j];
+                    x[j][i] = ((i + j) % 2 ? L(T(0)) - m : m) * r;
                 });
             });
             if constexpr (Out::path == Path::Rows) {
-                if (second) {
+                if (accepted == kL) {
                     rowsOfLanes(x, out, k);
                     continue;
                 }
             }
-            const auto d0 = out[k], d1 = out[k + 1];
-            unrolled<N>([&](auto j) {
-                unrolled<N>([&](auto i) {
-                    d0.put(j, i, x[j][i].lane(0));
-                    if (second) d1.put(j, i, x[j][i].lane(1));
-                });
-            });
-            if (!second) return kelStsSingular;
+            for (int l = 0; l < accepted; ++l) {
+                const auto d = out[k + l];
+                unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { d.put(j, i, x[j][i].lane(l)); }); });
+            }
+            if (accepted < kL) return kelStsSingular;
         }
-        return k < count ? closed<N, Packed, double>()(in[k], out[k]) : kelStsNoErr;
+        for (; k < count; ++k)
+            if (KelStatus st = closed<N, Packed, T>()(in[k], out[k])) return st;
+        return kelStsNoErr;
     }
 
     template <int N, bool Packed, class T>
@@ -332,7 +340,8 @@ struct InvertKernel {
                 return each(count, in, out, [](const auto& s, const auto& d) {
                     return ownInvert3x3_32f(s.base, s.s1, d.base, d.s1);
                 });
-            else if constexpr (std::is_same<T, double>::value) return closedPairs<3, packed>(count, in, out);
+            else if constexpr (std::is_same<T, double>::value || W == Path::Rows)
+                return closedPacks<3, packed, T>(count, in, out);
             else return each(count, in, out, closed<3, packed, T>());
         case 4:
             if constexpr (estimates) {

@@ -30,6 +30,8 @@ struct Lanes {
     friend Lanes greater(Lanes a, Lanes b) { return simd::greater(a.p, b.p); }
     friend Lanes equal(Lanes a, Lanes b) { return simd::equal(a.p, b.p); }
     friend Lanes select(Lanes mask, Lanes a, Lanes b) { return simd::select(mask.p, a.p, b.p); }
+    // Bit l set where lane l of a mask is.
+    friend int maskBits(Lanes mask) { return simd::maskBits(mask.p); }
     // Object l's value.
     E lane(int l) const
     {

@@ -254,6 +254,9 @@ inline Pack<Sse, float> greater(Pack<Sse, float> a, Pack<Sse, float> b) { return
 inline Pack<Sse, double> greater(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmpgt_pd(a.v, b.v)}; }
 inline Pack<Sse, float> equal(Pack<Sse, float> a, Pack<Sse, float> b) { return {_mm_cmpeq_ps(a.v, b.v)}; }
 inline Pack<Sse, double> equal(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmpeq_pd(a.v, b.v)}; }
+// The lanes a mask sets, as bits: bit l for lane l.
+inline int maskBits(Pack<Sse, float> m) { return _mm_movemask_ps(m.v); }
+inline int maskBits(Pack<Sse, double> m) { return _mm_movemask_pd(m.v); }
 inline Pack<Sse, float> select(Pack<Sse, float> m, Pack<Sse, float> a, Pack<Sse, float> b)
 {
     return {_mm_blendv_ps(b.v, a.v, m.v)};
