@@ -87,8 +87,10 @@ void kelmInvert3(benchmark::State& state)
     constexpr int e = sizeof(T);
     for (auto _ : state) {
         KelStatus st;
-        if constexpr (e == 8) st = kelmInvert_ma_64f(x.a.data(), 9 * e, 3 * e, e, x.buf.data(), x.d.data(), 9 * e, 3 * e, e, 3, kCount);
-        else st = kelmInvert_ma_32f(x.a.data(), 9 * e, 3 * e, e, x.buf.data(), x.d.data(), 9 * e, 3 * e, e, 3, kCount);
+        if constexpr (e == 8)
+            st = kelmInvert_ma_64f(x.a.data(), 9 * e, 3 * e, e, x.buf.data(), x.d.data(), 9 * e, 3 * e, e, 3, kCount);
+        else
+            st = kelmInvert_ma_32f(x.a.data(), 9 * e, 3 * e, e, x.buf.data(), x.d.data(), 9 * e, 3 * e, e, 3, kCount);
         if (st) state.SkipWithError("refused");
         benchmark::DoNotOptimize(x.d.data());
         benchmark::ClobberMemory();

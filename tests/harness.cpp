@@ -297,7 +297,8 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
             const int64_t size = int64_t(e) * R * C;
             for (int n = 0; n < N; ++n)
                 for (int r = 0; r < R; ++r)
-                    for (int c = 0; c < C; ++c) op.offsets[op.index(n, r, c)] = start + roi + n * size + (r * C + c) * e;
+                    for (int c = 0; c < C; ++c)
+                        op.offsets[op.index(n, r, c)] = start + roi + n * size + (r * C + c) * e;
             fillArena(op, start + roi + N * size, rng);
             op.table.resize(N);
             for (int n = 0; n < N; ++n) op.table[n] = op.arena.data() + start + n * size;
