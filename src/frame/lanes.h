@@ -297,10 +297,9 @@ template <int N, int H, int W, class Walk>
 inline bool gaplessRun(const Walk& in, int32_t first)
 {
     using V = std::remove_cv_t<decltype(in.v)>;
-    constexpr int32_t e = sizeof(typename V::Elem);
-    if constexpr (V::desc == Desc::S && V::array) {
+    if constexpr (sArrays<V>()) {
         (void)first;
-        return in.v.s1 == W * e && in.v.s0 == H * W * e;
+        return gaplessObjects(in.v, H, W);
     } else {
         const auto* p = in[first].at(0, 0);
         bool gapless = H == 1 || in[first].at(1, 0) == p + W;

@@ -305,6 +305,26 @@ struct Dense {
     }
 };
 
+// ---- objects one after another ------------------------------------------------------
+// Are all these views S arrays, whose strides alone say where every object
+// lies?
+template <class... V>
+constexpr bool sArrays()
+{
+    return ((V::desc == Desc::S && V::array) && ...);
+}
+
+// Does an S array hold its objects of h rows of w elements one right after
+// another, with no gap within a row, between rows or between objects (so
+// that any run of its objects is one run of memory)?  Other views: no.
+template <class V>
+bool gaplessObjects(const V& v, int32_t h, int32_t w)
+{
+    constexpr int32_t e = kElem<typename V::Elem>;
+    if constexpr (sArrays<V>()) return v.s2 == e && (h == 1 || v.s1 == w * e) && v.s0 == h * w * e;
+    else return (void)v, (void)h, (void)w, false;
+}
+
 // ---- objects side by side ----------------------------------------------------------
 // An array operand whose objects lie one element apart (S with Stride0 the
 // element size, or P over planes) holds element (j, i) of consecutive

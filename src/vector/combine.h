@@ -93,9 +93,9 @@ struct CombineKernel {
             }
         }
         if constexpr (std::is_same<Isa, simd::Sse>::value && sArrays<A, B, D>()) {
-            if (gaplessVectors(a, len) && gaplessVectors(b, len) && gaplessVectors(d, len) &&
+            if (gaplessObjects(a, 1, len) && gaplessObjects(b, 1, len) && gaplessObjects(d, 1, len) &&
                 !overlapsSources(d, count, len, 1, a, b)) {
-                run(a.at(0, 0, 0), b.at(0, 0, 0), d.at(0, 0, 0), int64_t{count} * len);
+                oneRun(a.at(0, 0, 0), b.at(0, 0, 0), d.at(0, 0, 0), int64_t{count} * len);
                 return kelStsNoErr;
             }
         }
@@ -105,7 +105,7 @@ struct CombineKernel {
 
     // Gapless arrays, apart or in place: one run of n elements, a pack at a
     // time, the last partial pack touching exactly the remaining elements.
-    void run(const T* a, const T* b, T* d, int64_t n) const
+    void oneRun(const T* a, const T* b, T* d, int64_t n) const
     {
         using P = simd::Pack<Isa, T>;
         constexpr int32_t L = simd::kLanes<T>;

@@ -80,7 +80,7 @@ struct CrossKernel {
         const Walk<W, D> wd(d);
         int32_t n = 0;
         if constexpr (W == Path::Rows && std::is_same<T, float>::value && sArrays<A, B, D>()) {
-            if (gaplessVectors(wa.v, 3) && gaplessVectors(wb.v, 3) && gaplessVectors(wd.v, 3) &&
+            if (gaplessObjects(wa.v, 1, 3) && gaplessObjects(wb.v, 1, 3) && gaplessObjects(wd.v, 1, 3) &&
                 !overlapsSources(d, count, 3, 1, a, b))
                 n = inBlocks(count, wa, wb, wd);
         }

@@ -86,8 +86,8 @@ struct DotKernel {
             if constexpr (N == 4) s = s + t[3];
             return s;
         };
-        if constexpr (N == 3 && std::remove_cv_t<decltype(wb.v)>::array) {
-            if (gaplessVectors(wa.v, 3) && gaplessVectors(wb.v, 3)) {
+        if constexpr (N == 3) {
+            if (gaplessObjects(wa.v, 1, 3) && gaplessObjects(wb.v, 1, 3)) {
                 return fourInBlocks<3>(
                     count, d,
                     [&](int32_t n, int q) {

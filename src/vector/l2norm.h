@@ -49,7 +49,7 @@ struct NormKernel {
     {
         using P = simd::Pack<simd::Sse, float>;
         if constexpr (N % 2 == 1) {
-            if (gaplessVectors(wa.v, N)) {
+            if (gaplessObjects(wa.v, 1, N)) {
                 return fourInBlocks<N>(
                     count, d,
                     [&](int32_t n, int q) {

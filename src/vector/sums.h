@@ -131,22 +131,4 @@ inline int32_t fourInBlocks(int32_t count, const Dense<float> d, Blocks blocks, 
     return n;
 }
 
-// Are all these views S arrays (whose strides alone say where every
-// object lies)?
-template <class... V>
-constexpr bool sArrays()
-{
-    return ((V::desc == Desc::S && V::array) && ...);
-}
-
-// Does an S array of vectors of n elements hold them one right after
-// another, elements without gaps (and so four of them in n blocks)?
-template <class V>
-inline bool gaplessVectors(const V& v, int32_t n)
-{
-    constexpr int32_t e = kElem<typename V::Elem>;
-    if constexpr (V::desc == Desc::S && V::array) return v.s2 == e && v.s0 == n * e;
-    else return (void)v, (void)n, false;
-}
-
 }  // namespace kel::vector
