@@ -348,6 +348,9 @@ void layOut(Operand& op, const Layout& lay, std::mt19937& rng)
         std::vector<int> perm(P);
         std::iota(perm.begin(), perm.end(), 0);
         std::shuffle(perm.begin(), perm.end(), rng);
+        // Packed and gapless tables keep the positions in order: a grid, as
+        // for the fields of an array of structures.
+        if (lay.form == Form::Packed || gapless) std::iota(perm.begin(), perm.end(), 0);
         std::vector<int64_t> slot(P);
         int64_t s0;
         int64_t last;

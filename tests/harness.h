@@ -4,9 +4,10 @@
 // An Operand holds logical data (objects x stored rows x stored columns) and
 // places it in an arena of random bytes according to a Layout: S with random
 // strides, gaps and interleaving, L with a shuffled object table, P with a
-// shuffled element table.  After a call every byte of every arena is
-// compared with what it should be: the result elements hold the expected
-// values and every other byte, gaps and guard bytes included, is unchanged.
+// shuffled element table (in order, a grid, for Packed and Gapless).  After a
+// call every byte of every arena is compared with what it should be: the
+// result elements hold the expected values and every other byte, gaps and
+// guard bytes included, is unchanged.
 #pragma once
 
 #include <cstdint>

@@ -18,9 +18,12 @@
 //          streamed in 128-bit packs, a single operand spread over the
 //          lanes; objects up to 8 x 8, and only if the result overlaps no
 //          source other than in place;
-//   runs   S and P arrays with any Stride0 (fields of an array of structures,
-//          transposed or strided objects), objects up to 8 x 8 and no
-//          overlap: object after object from a table of element addresses;
+//   grid   P tables that are grids (fields of an array of structures given
+//          by pointers), no overlap: the S operands they describe, by the
+//          paths above and below;
+//   runs   S and P arrays with any Stride0 (transposed or strided objects,
+//          P tables in any order), objects up to 8 x 8 and no overlap:
+//          object after object from a table of element addresses;
 //   any    anything else (L tables with strides or transposition, overlaps):
 //          one element at a time through the views.
 #pragma once
@@ -435,6 +438,18 @@ struct Kernel {
                 planes<Op, Isa>(count, w, h, a, b, d);
                 return kelStsNoErr;
             }
+        }
+        // Element tables that are grids (fields of an array of structures)
+        // but not planes go as the S operands they are, unless the result
+        // overlaps a source other than in place, whose result the element
+        // path defines.
+        if constexpr (isTable<A>() || isTable<B>() || isTable<D>()) {
+            typename GridOf<A>::type ga;
+            typename GridOf<B>::type gb;
+            typename GridOf<D>::type gd;
+            if (gridOf(a, count, w, h, ga) && gridOf(b, count, w, h, gb) && gridOf(d, count, w, h, gd) &&
+                !overlapsSources(d, count, w, h, a, b))
+                return (*this)(count, nullptr, ga, gb, gd);
         }
         if constexpr (rowsPossible<A>() && rowsPossible<B>() && rowsPossible<D>()) {
             if (rowReady(a) && rowReady(b) && rowReady(d)) {

@@ -325,6 +325,63 @@ bool gaplessObjects(const V& v, int32_t h, int32_t w)
     else return (void)v, (void)h, (void)w, false;
 }
 
+// ---- element tables that are grids ---------------------------------------------------
+// A P operand whose table is a grid (entry (r, c) is entry 0 plus r*s1 + c*s2
+// bytes, both strides positive multiples of the element size) names the same
+// elements as the S operand at entry 0 plus the shift, with those strides and
+// its own Stride0, as long as no byte offset of the call needs more than 32
+// bits (then both form every address the same way).  Fields of an array of
+// structures given by pointers are such tables.  Kernels whose S and P paths
+// give the same results can take them as S operands.
+template <class V>
+constexpr bool isTable()
+{
+    if constexpr (V::kind == Kind::Constant || V::kind == Kind::Buffer) return false;
+    else return V::desc == Desc::P;
+}
+template <class V>
+struct GridOf {
+    using type = V;
+};
+template <class T, bool Arr, bool Trans, bool IsVec>
+struct GridOf<Obj<T, Desc::P, Arr, Trans, IsVec>> {
+    using type = Obj<T, Desc::S, Arr, Trans, IsVec>;
+};
+
+// The S operand of a grid table for `count` objects of h x w logical
+// elements; other views as they are.  False when the table is no grid.
+template <class V>
+bool gridOf(const V& v, int32_t count, int32_t w, int32_t h, typename GridOf<V>::type& g)
+{
+    if constexpr (!isTable<V>()) {
+        (void)count, (void)w, (void)h;
+        g = v;
+        return true;
+    } else {
+        constexpr int64_t e = kElem<typename V::Elem>;
+        const int32_t rows = V::kind == Kind::Vector ? 1 : (V::trans ? w : h), cols = v.ld;
+        const auto entry = [&](int64_t q) { return reinterpret_cast<uintptr_t>(v.table[q]); };
+        const uintptr_t first = entry(0);
+        const int64_t s2 = cols > 1 ? static_cast<int64_t>(entry(1) - first) : e;
+        const int64_t s1 = rows > 1 ? static_cast<int64_t>(entry(cols) - first) : s2 * cols;
+        if (s1 <= 0 || s2 <= 0 || s1 > INT32_MAX || s2 > INT32_MAX || s1 % e || s2 % e) return false;
+        for (int32_t r = 0; r < rows; ++r)
+            for (int32_t c = 0; c < cols; ++c)
+                if (static_cast<int64_t>(entry(int64_t(r) * cols + c) - first) != r * s1 + c * s2) return false;
+        int64_t reach = v.roi + (rows - 1) * s1 + (cols - 1) * s2;
+        if constexpr (V::array) {
+            if (v.s0 <= 0) return false;
+            reach += static_cast<int64_t>(count - 1) * v.s0;
+            g.s0 = v.s0;
+        }
+        if (reach > INT32_MAX) return false;
+        g.base = offset(v.table[0], v.roi);
+        g.s1 = static_cast<int32_t>(s1);
+        g.s2 = static_cast<int32_t>(s2);
+        return true;
+    }
+}
+
 // ---- objects side by side ----------------------------------------------------------
 // An array operand whose objects lie one element apart (S with Stride0 the
 // element size, or P over planes) holds element (j, i) of consecutive
