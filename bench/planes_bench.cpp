@@ -1,9 +1,12 @@
 // Structure-of-arrays data: Add of 4x4 matrices whose objects lie side by
 // side, described as interleaved S (Stride0 the element size) and as P over
-// planes, against kelm on packed objects (S and L) and the loop a user
-// writes over the same planes; P over the fields of an array of structs.
+// planes, against kelm on packed objects (S and L, and a rows loop by hand
+// through the L tables) and the loop a user writes over the same planes; P
+// over the fields of an array of structs.
 #include <cstdint>
 #include <type_traits>
+
+#include <xmmintrin.h>
 
 #include "common.h"
 #include "kelm.h"
@@ -91,21 +94,47 @@ void KelmObjectsS(benchmark::State& state)
     });
 }
 
-void KelmObjectsL(benchmark::State& state)
-{
-    Planes<float> x(static_cast<int>(state.range(0)));
+// The same objects through L tables: object n at [n * 16].
+struct Tables {
+    Planes<float> x;
     std::vector<const float*> la, lb;
     std::vector<float*> ld;
-    for (int n = 0; n < x.count; ++n) {
-        la.push_back(x.a.data() + n * kPos);
-        lb.push_back(x.b.data() + n * kPos);
-        ld.push_back(x.d.data() + n * kPos);
+    explicit Tables(int count) : x(count)
+    {
+        for (int n = 0; n < count; ++n) {
+            la.push_back(x.a.data() + n * kPos);
+            lb.push_back(x.b.data() + n * kPos);
+            ld.push_back(x.d.data() + n * kPos);
+        }
     }
+};
+
+void KelmObjectsL(benchmark::State& state)
+{
+    Tables t(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        kelmAdd_mama_32f_L(la.data(), 0, 16, 4, lb.data(), 0, 16, 4, ld.data(), 0, 16, 4, kN, kN, x.count);
+        kelmAdd_mama_32f_L(t.la.data(), 0, 16, 4, t.lb.data(), 0, 16, 4, t.ld.data(), 0, 16, 4, kN, kN, t.x.count);
         benchmark::ClobberMemory();
     }
-    kb::report(state, x.count, 3 * kPos * 4);
+    kb::report(state, t.x.count, 3 * kPos * 4);
+}
+
+// By hand through the same tables, whole rows in 128-bit registers: the
+// loop of kelm's L path without its checks and set-up, a floor for it.
+void RowsObjectsL(benchmark::State& state)
+{
+    Tables t(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        for (int n = 0; n < t.x.count; ++n) {
+            const float* a = t.la[n];
+            const float* b = t.lb[n];
+            float* d = t.ld[n];
+            for (int j = 0; j < kN; ++j)
+                _mm_storeu_ps(d + 4 * j, _mm_add_ps(_mm_loadu_ps(a + 4 * j), _mm_loadu_ps(b + 4 * j)));
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, t.x.count, 3 * kPos * 4);
 }
 
 // What a user writes over the planes, compiled with the library's flags.
@@ -350,6 +379,7 @@ BENCHMARK_TEMPLATE(KelmPlanesS, float)->Arg(1000)->Arg(1000000);
 BENCHMARK_TEMPLATE(KelmPlanesP, float)->Arg(1000)->Arg(1000000);
 BENCHMARK_TEMPLATE(KelmObjectsS, float)->Arg(1000)->Arg(1000000);
 BENCHMARK(KelmObjectsL)->Arg(1000);
+BENCHMARK(RowsObjectsL)->Arg(1000);
 BENCHMARK_TEMPLATE(LoopPlanes, float)->Arg(1000)->Arg(1000000);
 BENCHMARK_TEMPLATE(KelmPlanesS, double)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmPlanesP, double)->Arg(1000);
