@@ -59,12 +59,14 @@ inline void gather4(const float* src, P c[4])
         c[0] = {_mm_shuffle_ps(a, b, _MM_SHUFFLE(2, 0, 2, 0))};
         c[1] = {_mm_shuffle_ps(a, b, _MM_SHUFFLE(3, 1, 3, 1))};
     } else if constexpr (N == 3) {
-        // x0 y0 z0 x1 | y1 z1 x2 y2 | z2 x3 y3 z3
+        // a = x0 y0 z0 x1 | b = y1 z1 x2 y2 | d = z2 x3 y3 z3: six shuffles.
         const __m128 a = _mm_loadu_ps(src), b = _mm_loadu_ps(src + 4), d = _mm_loadu_ps(src + 8);
-        const auto pick = [](__m128 p, __m128 q) { return _mm_shuffle_ps(p, q, _MM_SHUFFLE(2, 0, 2, 0)); };
-        c[0] = {pick(_mm_shuffle_ps(a, a, _MM_SHUFFLE(3, 3, 0, 0)), _mm_shuffle_ps(b, d, _MM_SHUFFLE(1, 1, 2, 2)))};
-        c[1] = {pick(_mm_shuffle_ps(a, b, _MM_SHUFFLE(0, 0, 1, 1)), _mm_shuffle_ps(b, d, _MM_SHUFFLE(2, 2, 3, 3)))};
-        c[2] = {pick(_mm_shuffle_ps(a, b, _MM_SHUFFLE(1, 1, 2, 2)), _mm_shuffle_ps(d, d, _MM_SHUFFLE(3, 3, 0, 0)))};
+        const __m128 xy23 = _mm_shuffle_ps(b, d, _MM_SHUFFLE(2, 1, 3, 2));  // x2 y2 x3 y3
+        const __m128 y01 = _mm_shuffle_ps(a, b, _MM_SHUFFLE(0, 0, 1, 1));   // y0 y0 y1 y1
+        const __m128 z01 = _mm_shuffle_ps(a, b, _MM_SHUFFLE(1, 1, 2, 2));   // z0 z0 z1 z1
+        c[0] = {_mm_shuffle_ps(a, xy23, _MM_SHUFFLE(2, 0, 3, 0))};
+        c[1] = {_mm_shuffle_ps(y01, xy23, _MM_SHUFFLE(3, 1, 2, 0))};
+        c[2] = {_mm_shuffle_ps(z01, d, _MM_SHUFFLE(3, 0, 2, 0))};
     } else {
         M4 t = transposed(M4::load(src));
         for (int i = 0; i < 4; ++i) c[i] = t.r[i];
@@ -79,11 +81,14 @@ inline void scatter4(const P c[4], float* dst)
         _mm_storeu_ps(dst, _mm_unpacklo_ps(c[0].v, c[1].v));
         _mm_storeu_ps(dst + 4, _mm_unpackhi_ps(c[0].v, c[1].v));
     } else if constexpr (K == 3) {
+        // Seven shuffles back to x0 y0 z0 x1 | y1 z1 x2 y2 | z2 x3 y3 z3.
         const __m128 x = c[0].v, y = c[1].v, z = c[2].v;
-        const auto pick = [](__m128 p, __m128 q) { return _mm_shuffle_ps(p, q, _MM_SHUFFLE(2, 0, 2, 0)); };
-        _mm_storeu_ps(dst, pick(_mm_shuffle_ps(x, y, _MM_SHUFFLE(0, 0, 0, 0)), _mm_shuffle_ps(z, x, _MM_SHUFFLE(1, 1, 0, 0))));
-        _mm_storeu_ps(dst + 4, pick(_mm_shuffle_ps(y, z, _MM_SHUFFLE(1, 1, 1, 1)), _mm_shuffle_ps(x, y, _MM_SHUFFLE(2, 2, 2, 2))));
-        _mm_storeu_ps(dst + 8, pick(_mm_shuffle_ps(z, x, _MM_SHUFFLE(3, 3, 2, 2)), _mm_shuffle_ps(y, z, _MM_SHUFFLE(3, 3, 3, 3))));
+        const __m128 xy01 = _mm_unpacklo_ps(x, y), xy23 = _mm_unpackhi_ps(x, y);  // x0 y0 x1 y1, x2 y2 x3 y3
+        const __m128 zx = _mm_shuffle_ps(z, x, _MM_SHUFFLE(3, 1, 2, 0));          // z0 z2 x1 x3
+        const __m128 yz = _mm_shuffle_ps(y, z, _MM_SHUFFLE(3, 1, 3, 1));          // y1 y3 z1 z3
+        _mm_storeu_ps(dst, _mm_shuffle_ps(xy01, zx, _MM_SHUFFLE(2, 0, 1, 0)));
+        _mm_storeu_ps(dst + 4, _mm_shuffle_ps(yz, xy23, _MM_SHUFFLE(1, 0, 2, 0)));
+        _mm_storeu_ps(dst + 8, _mm_shuffle_ps(zx, yz, _MM_SHUFFLE(3, 1, 3, 1)));
     } else {
         transposed(M4{{c[0], c[1], c[2], c[3]}}).store(dst);
     }
