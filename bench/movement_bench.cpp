@@ -1,5 +1,5 @@
-// Transpose against plain loops: arrays of packed 4 x 4 matrices of 32f, and
-// one 1024 x 1024 matrix of 32f, with a memcpy of the same bytes as the
+// Transpose and Copy against plain loops: arrays of packed 4 x 4 matrices of
+// 32f, and one 1024 x 1024 matrix of 32f, with a memcpy of the same bytes as the
 // yardstick of this machine's copy bandwidth.  Bytes per second count what
 // is read plus what is written.  Peers for the large matrix: the plain
 // double loop, the same loop over 16 x 16 tiles, and Eigen.
@@ -47,6 +47,69 @@ void Transpose4x4Array_loop(benchmark::State& state)
     kb::report(state, kCount, 2 * 64);
 }
 BENCHMARK(Transpose4x4Array_loop);
+
+// Copy of packed 4 x 4 matrices, against memcpy of the same bytes; and out
+// of the fields of an array of structures given by pointers (P) into packed
+// matrices (S), against the loop over the fields by name.
+void Copy4x4Array_kelm(benchmark::State& state)
+{
+    auto src = kb::randomData<float>(16 * kCount);
+    std::vector<float> dst(16 * kCount);
+    for (auto _ : state) {
+        kelmCopy_ma_32f_SS(src.data(), 64, 16, 4, dst.data(), 64, 16, 4, 4, 4, kCount);
+        benchmark::DoNotOptimize(dst.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, 2 * 64);
+}
+BENCHMARK(Copy4x4Array_kelm);
+
+void Copy4x4Array_memcpy(benchmark::State& state)
+{
+    auto src = kb::randomData<float>(16 * kCount);
+    std::vector<float> dst(16 * kCount);
+    for (auto _ : state) {
+        std::memcpy(dst.data(), src.data(), sizeof(float) * 16 * kCount);
+        benchmark::DoNotOptimize(dst.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, 2 * 64);
+}
+BENCHMARK(Copy4x4Array_memcpy);
+
+struct Body {
+    float m[16];
+    float other[4];
+};
+
+void CopyFields_kelm(benchmark::State& state)
+{
+    std::vector<Body> src(kCount);
+    std::vector<float> dst(16 * kCount);
+    std::vector<const float*> table;
+    for (int p = 0; p < 16; ++p) table.push_back(&src[0].m[p]);
+    for (auto _ : state) {
+        kelmCopy_ma_32f_PS(table.data(), 0, sizeof(Body), dst.data(), 64, 16, 4, 4, 4, kCount);
+        benchmark::DoNotOptimize(dst.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, 2 * 64);
+}
+BENCHMARK(CopyFields_kelm);
+
+void CopyFields_loop(benchmark::State& state)
+{
+    std::vector<Body> src(kCount);
+    std::vector<float> dst(16 * kCount);
+    for (auto _ : state) {
+        for (int n = 0; n < kCount; ++n)
+            for (int p = 0; p < 16; ++p) dst[16 * n + p] = src[n].m[p];
+        benchmark::DoNotOptimize(dst.data());
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, kCount, 2 * 64);
+}
+BENCHMARK(CopyFields_loop);
 
 constexpr std::size_t kLargeBytes = std::size_t(kLarge) * kLarge * sizeof(float);
 

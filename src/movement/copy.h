@@ -3,8 +3,9 @@
 //
 // One element a step, objects, rows and elements ascending, with no block
 // copy: when source and destination overlap, the result is that of this
-// element order.  Objects side by side that do not overlap go a pack of
-// objects at a time.
+// element order.  Where they do not, objects side by side go a pack of
+// objects at a time, and rows that are runs of memory (P tables that are
+// grids included) a row at a time.
 #pragma once
 
 #include <cstdint>
@@ -20,6 +21,13 @@ struct CopyKernel {
     KelStatus operator()(int32_t count, void*, const S& src, const D& dst) const
     {
         if (movedSideBySide<false>(count, src, dst, w, h)) return kelStsNoErr;
+        // Element tables that are grids move as the S operands they are.
+        if constexpr (isTable<S>() || isTable<D>()) {
+            typename GridOf<S>::type gs;
+            typename GridOf<D>::type gd;
+            if (gridOf(src, count, w, h, gs) && gridOf(dst, count, w, h, gd)) return (*this)(count, nullptr, gs, gd);
+        }
+        if (movedByRows(count, src, dst, w, h)) return kelStsNoErr;
         for (int32_t n = 0; n < count; ++n)
             for (int32_t j = 0; j < h; ++j)
                 for (int32_t i = 0; i < w; ++i) moveWord(src.at(n, j, i), dst.at(n, j, i));

@@ -73,4 +73,48 @@ bool movedSideBySide(int32_t count, const S& src, const D& dst, int32_t w, int32
     }
 }
 
+// Moves k elements from a run of memory to another in 128-bit moves, the
+// last one partial.
+template <class T>
+inline void moveRun(const T* from, T* to, int64_t k)
+{
+    using P = simd::Pack<simd::Sse, T>;
+    constexpr int L = simd::kLanes<T>;
+    int64_t i = 0;
+    for (; i + L <= k; i += L) P::load(from + i).store(to + i);
+    if (i < k) P::loadPart(from + i, static_cast<int>(k - i)).storePart(to + i, static_cast<int>(k - i));
+}
+
+// Operands whose logical rows are runs of memory (S arrays or single
+// objects, not transposed), no byte of the source written: objects and
+// rows ascending, in 128-bit moves, so that a result whose objects or rows
+// overlap one another ends as the element loop leaves it.  Rows that follow
+// one another in both operands move as one run an object, and gapless
+// arrays as one run in all.  Returns whether it ran.
+template <class S, class D>
+bool movedByRows(int32_t count, const S& src, const D& dst, int32_t w, int32_t h)
+{
+    if constexpr (S::desc != Desc::S || D::desc != Desc::S || S::trans || D::trans) {
+        (void)count, (void)src, (void)dst, (void)w, (void)h;
+        return false;
+    } else {
+        constexpr int32_t e = kElem<typename D::Elem>;
+        if (!src.rowsContiguous() || !dst.rowsContiguous() || spanOf(src, count, w, h).meets(spanOf(dst, count, w, h)))
+            return false;
+        // Copies of the views: the stores below cannot make them be read again.
+        const S a = src.fieldwise();
+        const D d = dst.fieldwise();
+        const int64_t elements = static_cast<int64_t>(w) * h;
+        if (gaplessObjects(a, h, w) && gaplessObjects(d, h, w)) {
+            moveRun(a.object(0), d.object(0), elements * count);
+        } else if (h == 1 || (a.s1 == w * e && d.s1 == w * e)) {
+            for (int32_t n = 0; n < count; ++n) moveRun(a.object(n), d.object(n), elements);
+        } else {
+            for (int32_t n = 0; n < count; ++n)
+                for (int32_t j = 0; j < h; ++j) moveRun(a.row(n, j), d.row(n, j), w);
+        }
+        return true;
+    }
+}
+
 }  // namespace kel::movement
