@@ -444,12 +444,9 @@ struct Kernel {
         // overlaps a source other than in place, whose result the element
         // path defines.
         if constexpr (isTable<A>() || isTable<B>() || isTable<D>()) {
-            typename GridOf<A>::type ga;
-            typename GridOf<B>::type gb;
-            typename GridOf<D>::type gd;
-            if (gridOf(a, count, w, h, ga) && gridOf(b, count, w, h, gb) && gridOf(d, count, w, h, gd) &&
-                !overlapsSources(d, count, w, h, a, b))
-                return (*this)(count, nullptr, ga, gb, gd);
+            if (!overlapsSources(d, count, w, h, a, b) &&
+                withGrids(count, w, h, [&](const auto&... g) { (*this)(count, nullptr, g...); }, a, b, d))
+                return kelStsNoErr;
         }
         if constexpr (rowsPossible<A>() && rowsPossible<B>() && rowsPossible<D>()) {
             if (rowReady(a) && rowReady(b) && rowReady(d)) {

@@ -16,6 +16,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <tuple>
 #include <type_traits>
 
 namespace kel {
@@ -379,6 +380,24 @@ bool gridOf(const V& v, int32_t count, int32_t w, int32_t h, typename GridOf<V>:
         g.s1 = static_cast<int32_t>(s1);
         g.s2 = static_cast<int32_t>(s2);
         return true;
+    }
+}
+
+// When some of these views are tables and all tables are grids, calls f
+// with the S operands of the tables (other views as they are) and returns
+// true; else returns false.  Every view has `count` objects of h x w
+// logical elements.
+template <class F, class... V>
+bool withGrids(int32_t count, int32_t w, int32_t h, F&& f, const V&... v)
+{
+    if constexpr (!(isTable<V>() || ...)) {
+        (void)count, (void)w, (void)h, (void)f, ((void)v, ...);
+        return false;
+    } else {
+        std::tuple<typename GridOf<V>::type...> g;
+        const bool grids = std::apply([&](auto&... s) { return (gridOf(v, count, w, h, s) && ...); }, g);
+        if (grids) std::apply(f, g);
+        return grids;
     }
 }
 

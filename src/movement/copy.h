@@ -22,11 +22,8 @@ struct CopyKernel {
     {
         if (movedSideBySide<false>(count, src, dst, w, h)) return kelStsNoErr;
         // Element tables that are grids move as the S operands they are.
-        if constexpr (isTable<S>() || isTable<D>()) {
-            typename GridOf<S>::type gs;
-            typename GridOf<D>::type gd;
-            if (gridOf(src, count, w, h, gs) && gridOf(dst, count, w, h, gd)) return (*this)(count, nullptr, gs, gd);
-        }
+        if (withGrids(count, w, h, [&](const auto&... g) { (*this)(count, nullptr, g...); }, src, dst))
+            return kelStsNoErr;
         if (movedByRows(count, src, dst, w, h)) return kelStsNoErr;
         for (int32_t n = 0; n < count; ++n)
             for (int32_t j = 0; j < h; ++j)
