@@ -5,7 +5,8 @@
 // elements ascending while dst advances one element a step.  A P source that
 // is not transposed is read table entry by table entry instead, each entry
 // once, with the objects of that entry in the inner loop; dst then steps by
-// one object's elements.
+// one object's elements.  Where source and result do not overlap, rows that
+// are runs of memory (S, and P tables that are grids) move a row at a time.
 #pragma once
 
 #include <cstdint>
@@ -14,12 +15,38 @@
 
 namespace kel::movement {
 
+// The dense result as an S array of packed objects of h x w elements, when
+// all of it lies within 32-bit byte offsets.
+template <class T>
+bool packedObjects(const Dense<T>& d, int32_t count, int32_t w, int32_t h, Obj<T, Desc::S, true>& out)
+{
+    const int64_t row = static_cast<int64_t>(w) * kElem<T>, object = row * h;
+    if (w < 1 || h < 1 || object * count > INT32_MAX) return false;
+    out.base = d.ptr;
+    out.s0 = static_cast<int32_t>(object);
+    out.s1 = static_cast<int32_t>(row);
+    out.s2 = kElem<T>;
+    return true;
+}
+
 struct ExtractKernel {
     int32_t w, h;
 
     template <class S, class T>
     KelStatus operator()(int32_t count, void*, const S& src, const Dense<T>& dst) const
     {
+        // Rows that are runs of memory (P tables that are grids included),
+        // apart from the result: a row at a time into the packed result.
+        if constexpr (!S::trans) {
+            Obj<T, Desc::S, true> out;
+            if (packedObjects(dst, count, w, h, out)) {
+                if (movedByRows(count, src, out, w, h)) return kelStsNoErr;
+                bool moved = false;
+                if (withGrids(count, w, h, [&](const auto& g) { moved = movedByRows(count, g, out, w, h); }, src) &&
+                    moved)
+                    return kelStsNoErr;
+            }
+        }
         if constexpr (S::desc == Desc::P && !S::trans) {
             // Row-major table: entry e is logical element (0, e) of a view
             // whose rows are w entries long.  A product w * h below 1 can
