@@ -4,8 +4,8 @@
 // One element a step, objects, rows and elements ascending, with no block
 // copy: when source and destination overlap, the result is that of this
 // element order.  Where they do not, objects side by side go a pack of
-// objects at a time, and rows that are runs of memory (P tables that are
-// grids included) a row at a time.
+// objects at a time, and rows that are runs of memory (in S and L, and P
+// tables that are grids) a row at a time.
 #pragma once
 
 #include <cstdint>

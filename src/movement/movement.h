@@ -85,22 +85,52 @@ inline void moveRun(const T* from, T* to, int64_t k)
     if (i < k) P::loadPart(from + i, static_cast<int>(k - i)).storePart(to + i, static_cast<int>(k - i));
 }
 
-// Operands whose logical rows are runs of memory (S arrays or single
-// objects, not transposed), no byte of the source written: objects and
-// rows ascending, in 128-bit moves, so that a result whose objects or rows
-// overlap one another ends as the element loop leaves it.  Rows that follow
-// one another in both operands move as one run an object, and gapless
-// arrays as one run in all.  Returns whether it ran.
+// Do the source and the result share no byte?  S operands by their spans;
+// an L array object by object against the span of an S operand (between
+// two L tables it is not known cheaply, so no).  Rows are runs of memory.
+template <class S, class D>
+bool apart(int32_t count, int32_t w, int32_t h, const S& src, const D& dst)
+{
+    constexpr bool fromL = S::desc == Desc::L && S::array, toL = D::desc == Desc::L && D::array;
+    if constexpr (fromL && toL) {
+        (void)count, (void)w, (void)h, (void)src, (void)dst;
+        return false;
+    } else if constexpr (!fromL && !toL) {
+        return !spanOf(src, count, w, h).meets(spanOf(dst, count, w, h));
+    } else {
+        const auto& l = [&]() -> const auto& {
+            if constexpr (fromL) return src;
+            else return dst;
+        }();
+        const auto& other = [&]() -> const auto& {
+            if constexpr (fromL) return dst;
+            else return src;
+        }();
+        const Span span = spanOf(other, count, w, h);
+        for (int32_t n = 0; n < count; ++n) {
+            const char* first = reinterpret_cast<const char*>(l.at(n, 0, 0));
+            const char* last = reinterpret_cast<const char*>(l.at(n, h - 1, w - 1));
+            if (Span{first, last + kElem<typename D::Elem>}.meets(span)) return false;
+        }
+        return true;
+    }
+}
+
+// S and L operands whose logical rows are runs of memory (not transposed),
+// no byte of the source written: objects and rows ascending, in 128-bit
+// moves, so that a result whose objects or rows overlap one another ends as
+// the element loop leaves it.  Rows that follow one another in both
+// operands move as one run an object, and gapless arrays as one run in all.
+// Returns whether it ran.
 template <class S, class D>
 bool movedByRows(int32_t count, const S& src, const D& dst, int32_t w, int32_t h)
 {
-    if constexpr (S::desc != Desc::S || D::desc != Desc::S || S::trans || D::trans) {
+    if constexpr (S::desc == Desc::P || D::desc == Desc::P || S::trans || D::trans) {
         (void)count, (void)src, (void)dst, (void)w, (void)h;
         return false;
     } else {
         constexpr int32_t e = kElem<typename D::Elem>;
-        if (!src.rowsContiguous() || !dst.rowsContiguous() || spanOf(src, count, w, h).meets(spanOf(dst, count, w, h)))
-            return false;
+        if (!src.rowsContiguous() || !dst.rowsContiguous() || !apart(count, w, h, src, dst)) return false;
         // Copies of the views: the stores below cannot make them be read again.
         const S a = src.fieldwise();
         const D d = dst.fieldwise();
