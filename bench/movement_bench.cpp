@@ -18,33 +18,33 @@ namespace {
 constexpr int kCount = 1000;
 constexpr int kLarge = 1024;
 
-void Transpose4x4Array_kelm(benchmark::State& state)
+// Times move(src, dst) over kCount packed 4 x 4 matrices of 32f.
+template <class F>
+void packed4x4(benchmark::State& state, F move)
 {
     auto src = kb::randomData<float>(16 * kCount);
     std::vector<float> dst(16 * kCount);
     for (auto _ : state) {
-        kelmTranspose_ma_32f(src.data(), 64, 16, 4, 4, 4, dst.data(), 64, 16, 4, kCount);
+        move(src.data(), dst.data());
         benchmark::DoNotOptimize(dst.data());
         benchmark::ClobberMemory();
     }
     kb::report(state, kCount, 2 * 64);
 }
+
+void Transpose4x4Array_kelm(benchmark::State& state)
+{
+    packed4x4(state, [](const float* s, float* d) { kelmTranspose_ma_32f(s, 64, 16, 4, 4, 4, d, 64, 16, 4, kCount); });
+}
 BENCHMARK(Transpose4x4Array_kelm);
 
 void Transpose4x4Array_loop(benchmark::State& state)
 {
-    auto src = kb::randomData<float>(16 * kCount);
-    std::vector<float> dst(16 * kCount);
-    for (auto _ : state) {
-        const float* s = src.data();
-        float* d = dst.data();
+    packed4x4(state, [](const float* s, float* d) {
         for (int n = 0; n < kCount; ++n, s += 16, d += 16)
             for (int i = 0; i < 4; ++i)
                 for (int j = 0; j < 4; ++j) d[i * 4 + j] = s[j * 4 + i];
-        benchmark::DoNotOptimize(dst.data());
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, kCount, 2 * 64);
+    });
 }
 BENCHMARK(Transpose4x4Array_loop);
 
@@ -53,27 +53,13 @@ BENCHMARK(Transpose4x4Array_loop);
 // matrices (S), against the loop over the fields by name.
 void Copy4x4Array_kelm(benchmark::State& state)
 {
-    auto src = kb::randomData<float>(16 * kCount);
-    std::vector<float> dst(16 * kCount);
-    for (auto _ : state) {
-        kelmCopy_ma_32f_SS(src.data(), 64, 16, 4, dst.data(), 64, 16, 4, 4, 4, kCount);
-        benchmark::DoNotOptimize(dst.data());
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, kCount, 2 * 64);
+    packed4x4(state, [](const float* s, float* d) { kelmCopy_ma_32f_SS(s, 64, 16, 4, d, 64, 16, 4, 4, 4, kCount); });
 }
 BENCHMARK(Copy4x4Array_kelm);
 
 void Copy4x4Array_memcpy(benchmark::State& state)
 {
-    auto src = kb::randomData<float>(16 * kCount);
-    std::vector<float> dst(16 * kCount);
-    for (auto _ : state) {
-        std::memcpy(dst.data(), src.data(), sizeof(float) * 16 * kCount);
-        benchmark::DoNotOptimize(dst.data());
-        benchmark::ClobberMemory();
-    }
-    kb::report(state, kCount, 2 * 64);
+    packed4x4(state, [](const float* s, float* d) { std::memcpy(d, s, sizeof(float) * 16 * kCount); });
 }
 BENCHMARK(Copy4x4Array_memcpy);
 

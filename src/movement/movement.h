@@ -76,7 +76,7 @@ bool movedSideBySide(int32_t count, const S& src, const D& dst, int32_t w, int32
 // Moves k elements from a run of memory to another in 128-bit moves, the
 // last one partial.
 template <class T>
-inline void moveRun(const T* from, T* to, int64_t k)
+[[gnu::always_inline]] inline void moveRun(const T* from, T* to, int64_t k)
 {
     using P = simd::Pack<simd::Sse, T>;
     constexpr int L = simd::kLanes<T>;
