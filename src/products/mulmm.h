@@ -310,15 +310,27 @@ void planes(int32_t count, const Dims& dm, bool fromZero, const A& a, const B& b
     const LaneOperand<Sse, A> la(a, R, K);
     const LaneOperand<Sse, B> lb(b, K, C);
     const LaneOperand<Sse, D> ld(d, R, C);
+    // Two rows of a at a time, read before any of their results is stored:
+    // each element of b is loaded once for both.
     forLanes<T>(count, [&](int32_t n, int k) {
-        for (int32_t r = 0; r < R; ++r) {
-            P x[kLaneMaxSide];
-            for (int32_t q = 0; q < K; ++q) x[q] = la.load(r, q, n, k);
+        for (int32_t r = 0; r < R; r += 2) {
+            const bool two = r + 1 < R;
+            P x[2][kLaneMaxSide];
+            for (int32_t q = 0; q < K; ++q) {
+                x[0][q] = la.load(r, q, n, k);
+                x[1][q] = two ? la.load(r + 1, q, n, k) : x[0][q];  // a last row alone: its twin unused
+            }
             for (int32_t c = 0; c < C; ++c) {
-                P acc = x[0] * lb.load(0, c, n, k);
-                if (fromZero) acc = acc + P::splat(T(0));
-                for (int32_t q = 1; q < K; ++q) acc = acc + x[q] * lb.load(q, c, n, k);
-                ld.store(r, c, n, acc, k);
+                const P b0 = lb.load(0, c, n, k);
+                P acc0 = x[0][0] * b0, acc1 = x[1][0] * b0;
+                if (fromZero) acc0 = acc0 + P::splat(T(0)), acc1 = acc1 + P::splat(T(0));
+                for (int32_t q = 1; q < K; ++q) {
+                    const P bq = lb.load(q, c, n, k);
+                    acc0 = acc0 + x[0][q] * bq;
+                    acc1 = acc1 + x[1][q] * bq;
+                }
+                ld.store(r, c, n, acc0, k);
+                if (two) ld.store(r + 1, c, n, acc1, k);
             }
         }
     });
