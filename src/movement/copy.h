@@ -1,11 +1,11 @@
 // Copy: object n, element (j, i) of the destination gets object n, element
 // (j, i) of the source, each located through its own description.
 //
-// One element a step, objects, rows and elements ascending, with no block
-// copy: when source and destination overlap, the result is that of this
-// element order.  Where they do not, objects side by side go a pack of
-// objects at a time, and rows that are runs of memory (in S and L, and P
-// tables that are grids) a row at a time.
+// When source and destination overlap, one element a step, objects, rows
+// and elements ascending: the result is that of this element order.  Where
+// they do not, objects side by side go a pack of objects at a time, and rows
+// that are runs of memory (in S and L, and P tables that are grids) a row
+// at a time.
 #pragma once
 
 #include <cstdint>

@@ -1,9 +1,9 @@
 // Pieces shared by the families that move elements without arithmetic
 // (Copy, Extract, LoadIdentity, Transpose).
 //
-// An element is moved as one 32-bit or 64-bit word, never as a float or a
-// double, so NaN payloads (signalling ones included) and signed zeros arrive
-// exactly as they left.
+// An element is moved as raw bits (one 32-bit or 64-bit word, or a part of a
+// 128-bit move), never through arithmetic, so NaN payloads (signalling ones
+// included) and signed zeros arrive exactly as they left.
 #pragma once
 
 #include <cstdint>
