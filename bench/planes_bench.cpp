@@ -272,6 +272,42 @@ void LoopMulPlanes(benchmark::State& state)
     kb::report(state, x.count, 3 * kPos * sizeof(T));
 }
 
+// One 4x4 matrix times 1000 4-vectors (`mva`): vectors as planes (element i
+// of vector n at [i * count + n]), as packed vectors, and the hand loop over
+// the planes.  The planes of a, b, d serve as the vectors' planes.
+void KelmMvaPlanesS(benchmark::State& state)
+{
+    const auto m = kb::randomData<float>(kPos, 4);
+    timed<float>(state, [&](Planes<float>& x, int e) {
+        kelmMul_mva_32f(m.data(), 16, 4, kN, kN, x.a.data(), e, e * x.count, kN, x.d.data(), e, e * x.count, x.count);
+    });
+}
+
+void KelmMvaObjectsS(benchmark::State& state)
+{
+    const auto m = kb::randomData<float>(kPos, 4);
+    timed<float>(state, [&](Planes<float>& x, int e) {
+        kelmMul_mva_32f(m.data(), 16, 4, kN, kN, x.a.data(), e * kN, e, kN, x.d.data(), e * kN, e, x.count);
+    });
+}
+
+void LoopMvaPlanes(benchmark::State& state)
+{
+    const auto m = kb::randomData<float>(kPos, 4);
+    Planes<float> x(static_cast<int>(state.range(0)));
+    const int count = x.count;
+    for (auto _ : state) {
+        const float *v0 = x.ta[0], *v1 = x.ta[1], *v2 = x.ta[2], *v3 = x.ta[3];
+        for (int r = 0; r < kN; ++r) {
+            float* d = x.td[r];
+            const float m0 = m[r * kN], m1 = m[r * kN + 1], m2 = m[r * kN + 2], m3 = m[r * kN + 3];
+            for (int n = 0; n < count; ++n) d[n] = m0 * v0[n] + m1 * v1[n] + m2 * v2[n] + m3 * v3[n];
+        }
+        benchmark::ClobberMemory();
+    }
+    kb::report(state, x.count, 3 * kPos * sizeof(float));
+}
+
 // ---- Det and Invert ------------------------------------------------------------------
 
 // Diagonally dominant N x N objects, as planes or packed one after another.
@@ -395,6 +431,9 @@ BENCHMARK_TEMPLATE(LoopMulPlanes, float)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmMulPlanesS, double)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmMulObjectsS, double)->Arg(1000);
 BENCHMARK_TEMPLATE(LoopMulPlanes, double)->Arg(1000);
+BENCHMARK(KelmMvaPlanesS)->Arg(1000);
+BENCHMARK(KelmMvaObjectsS)->Arg(1000);
+BENCHMARK(LoopMvaPlanes)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmDet64, 3, true)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmDet64, 3, false)->Arg(1000);
 BENCHMARK_TEMPLATE(KelmDet64, 4, true)->Arg(1000);

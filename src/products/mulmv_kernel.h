@@ -264,11 +264,13 @@ void elements(int32_t count, int32_t R, int32_t K, bool straight, const A& av, c
 }
 
 // Lanes path: dst(r) of a pack of objects side by side at once, one object
-// per lane, each lane's sum the one the strided and P paths form.
-template <class T, class Isa, class A, class X, class Y, class D>
-void lanes(int32_t count, int32_t R, int32_t K, bool fromZero, const A& a, const X& x, const Y& y, const D& d)
+// per lane, each lane's sum the one the strided and P paths form.  N: the
+// order of a square matrix known when compiling, else 0.
+template <int N, class T, class Isa, class A, class X, class Y, class D>
+void lanes(int32_t count, int32_t rows, int32_t inner, bool fromZero, const A& a, const X& x, const Y& y, const D& d)
 {
     using P = simd::Pack<Isa, T>;
+    const int32_t R = N ? N : rows, K = N ? N : inner;
     const LaneOperand<Isa, A> la(a, R, K);
     const LaneOperand<Isa, X> lx(x, 1, K);
     const LaneOperand<Isa, D> ld(d, 1, R);
@@ -276,7 +278,7 @@ void lanes(int32_t count, int32_t R, int32_t K, bool fromZero, const A& a, const
         if constexpr (kNoAddend<Y>) return 0;
         else return LaneOperand<Isa, Y>(y, 1, R);
     }();
-    forLanes<T>(count, [&](int32_t n, int k) {
+    forLanes<T, 2>(count, [&](int32_t n, int k) {
         P xs[kLaneMaxSide];
         for (int32_t q = 0; q < K; ++q) xs[q] = lx.load(0, q, n, k);
         for (int32_t r = 0; r < R; ++r) {
@@ -351,7 +353,13 @@ private:
             if (!packed && R <= kLaneMaxSide && K <= kLaneMaxSide && sideBySide(a) && sideBySide(x) &&
                 sideBySide(y) && sideBySide(d)) {
                 const bool sized = square && (A::desc == Desc::P ? rules.tableSizes : rules.stridedSizes);
-                return mv::lanes<T, Isa>(count, R, K, !sized, a, x, y, d);
+                switch (square) {
+                case 3: return mv::lanes<3, T, Isa>(count, R, K, !sized, a, x, y, d);
+                case 4: return mv::lanes<4, T, Isa>(count, R, K, !sized, a, x, y, d);
+                case 5: return mv::lanes<5, T, Isa>(count, R, K, !sized, a, x, y, d);
+                case 6: return mv::lanes<6, T, Isa>(count, R, K, !sized, a, x, y, d);
+                default: return mv::lanes<0, T, Isa>(count, R, K, !sized, a, x, y, d);
+                }
             }
         }
         if constexpr (A::desc == Desc::P) {
