@@ -278,17 +278,33 @@ void lanes(int32_t count, int32_t rows, int32_t inner, bool fromZero, const A& a
         if constexpr (kNoAddend<Y>) return 0;
         else return LaneOperand<Isa, Y>(y, 1, R);
     }();
-    forLanes<T, 2>(count, [&](int32_t n, int k) {
-        P xs[kLaneMaxSide];
-        for (int32_t q = 0; q < K; ++q) xs[q] = lx.load(0, q, n, k);
+    // G packs from object n (the last one k objects), all their sources read
+    // before any result is stored; one matrix serves them all with each of
+    // its elements read once.
+    const auto packs = [&](auto g, int32_t n, int k) {
+        constexpr int G = decltype(g)::value, L = simd::kLanes<T>;
+        P xs[G][kLaneMaxSide];
+        for (int u = 0; u < G; ++u)
+            for (int32_t q = 0; q < K; ++q) xs[u][q] = lx.load(0, q, n + u * L, k);
         for (int32_t r = 0; r < R; ++r) {
-            P s = la.load(r, 0, n, k) * xs[0];
-            if (fromZero) s = P::splat(T(0)) + s;
-            for (int32_t q = 1; q < K; ++q) s = s + la.load(r, q, n, k) * xs[q];
-            if constexpr (!kNoAddend<Y>) s = s + ly.load(0, r, n, k);
-            ld.store(0, r, n, s, k);
+            P s[G];
+            for (int u = 0; u < G; ++u) {
+                s[u] = la.load(r, 0, n + u * L, k) * xs[u][0];
+                if (fromZero) s[u] = P::splat(T(0)) + s[u];
+            }
+            for (int32_t q = 1; q < K; ++q)
+                for (int u = 0; u < G; ++u) s[u] = s[u] + la.load(r, q, n + u * L, k) * xs[u][q];
+            for (int u = 0; u < G; ++u) {
+                if constexpr (!kNoAddend<Y>) s[u] = s[u] + ly.load(0, r, n + u * L, k);
+                ld.store(0, r, n + u * L, s[u], k);
+            }
         }
-    });
+    };
+    int32_t first = 0;
+    if constexpr (!A::array)
+        for (constexpr int32_t two = 2 * simd::kLanes<T>; first + two <= count; first += two)
+            packs(std::integral_constant<int, 2>{}, first, simd::kLanes<T>);
+    forLanes<T>(count - first, [&](int32_t n, int k) { packs(std::integral_constant<int, 1>{}, first + n, k); });
 }
 
 }  // namespace mv
