@@ -306,6 +306,20 @@ struct Dense {
     }
 };
 
+// A dense run of `count` packed objects of h x w elements as the S array it
+// is, when all of it lies within 32-bit byte offsets.
+template <class T>
+bool packedObjects(const Dense<T>& d, int32_t count, int32_t w, int32_t h, Obj<T, Desc::S, true>& out)
+{
+    const int64_t row = static_cast<int64_t>(w) * kElem<T>, object = row * h;
+    if (w < 1 || h < 1 || object * count > INT32_MAX) return false;
+    out.base = d.ptr;
+    out.s0 = static_cast<int32_t>(object);
+    out.s1 = static_cast<int32_t>(row);
+    out.s2 = kElem<T>;
+    return true;
+}
+
 // ---- objects one after another ------------------------------------------------------
 // Are all these views S arrays, whose strides alone say where every object
 // lies?

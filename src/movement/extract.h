@@ -15,20 +15,6 @@
 
 namespace kel::movement {
 
-// The dense result as an S array of packed objects of h x w elements, when
-// all of it lies within 32-bit byte offsets.
-template <class T>
-bool packedObjects(const Dense<T>& d, int32_t count, int32_t w, int32_t h, Obj<T, Desc::S, true>& out)
-{
-    const int64_t row = static_cast<int64_t>(w) * kElem<T>, object = row * h;
-    if (w < 1 || h < 1 || object * count > INT32_MAX) return false;
-    out.base = d.ptr;
-    out.s0 = static_cast<int32_t>(object);
-    out.s1 = static_cast<int32_t>(row);
-    out.s2 = kElem<T>;
-    return true;
-}
-
 struct ExtractKernel {
     int32_t w, h;
 
