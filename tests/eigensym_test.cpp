@@ -480,4 +480,48 @@ TEST(SymSpecial, DocumentedMatrices)
     runSpecial({"kelmEigenValuesVectorsSym_m_32f", 3, singular, kelStsSingular, {2, 1, 0}}, Form::Packed);
 }
 
+// Results that reach the matrices of later objects: the vectors of object k
+// over the matrix of object k+1, or the values' run over the matrices.  Each
+// object reads what the objects before it wrote, as calls of one object each
+// in turn do (objects taken several at a time would read theirs first).
+TEST(SymOverlap, LaterMatricesReadWhatEarlierObjectsWrote)
+{
+    forceThreads(1);
+    const int count = 9;
+    auto run = [&](auto zero, bool vectors, bool valuesOverMatrices, int n) {
+        using T = decltype(zero);
+        const int E = sizeof(T), row = n * E, obj = n * row;
+        std::mt19937 rng(n);
+        std::uniform_real_distribution<double> u(-2.0, 2.0);
+        std::vector<T> mem((count + 2) * n * n), vals(count * n), scratch(n * n);
+        for (int k = 0; k < count + 2; ++k)
+            for (int i = 0; i < n; ++i)
+                for (int j = 0; j <= i; ++j) mem[k * n * n + i * n + j] = mem[k * n * n + j * n + i] = T(u(rng));
+        // Vectors over the next object's matrix, or values over the matrices
+        // from object 1 on.
+        auto call = [&](std::vector<T>& m, std::vector<T>& w, int first, int objects) {
+            const T* src = m.data() + first * n * n;
+            T* vec = m.data() + (first + 1) * n * n;
+            T* val = valuesOverMatrices ? m.data() + n * n + first * n : w.data() + first * n;
+            if constexpr (sizeof(T) == 8)
+                return vectors ? kelmEigenValuesVectorsSym_ma_64f(src, obj, row, E, scratch.data(), vec, obj, row, E, val, n, objects)
+                               : kelmEigenValuesSym_ma_64f(src, obj, row, E, scratch.data(), val, n, objects);
+            else
+                return kelmEigenValuesVectorsSym_ma_32f(src, obj, row, E, scratch.data(), vec, obj, row, E, val, n, objects);
+        };
+        std::vector<T> wantMem = mem, wantVals = vals;
+        KelStatus want = kelStsNoErr;
+        for (int k = 0; k < count && !want; ++k) want = call(wantMem, wantVals, k, 1);
+        EXPECT_EQ(call(mem, vals, 0, count), want);
+        EXPECT_EQ(std::memcmp(mem.data(), wantMem.data(), mem.size() * E), 0) << n << (vectors ? " vectors" : "");
+        EXPECT_EQ(std::memcmp(vals.data(), wantVals.data(), vals.size() * E), 0) << n << (vectors ? " vectors" : "");
+    };
+    for (int n : {3, 6}) {
+        run(0.0, true, false, n);
+        run(0.0f, true, false, n);
+        run(0.0, false, true, n);
+    }
+    forceThreads(0);
+}
+
 }  // namespace

@@ -1,7 +1,7 @@
 // EigenValuesSym: the eigenvalues of a symmetric matrix (see symtridiag.h).
 #pragma once
 
-#include "eigen/symtridiag.h"
+#include "eigen/symkernel.h"
 
 namespace kel::eigen {
 

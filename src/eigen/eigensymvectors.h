@@ -2,7 +2,7 @@
 // (see symtridiag.h).
 #pragma once
 
-#include "eigen/symtridiag.h"
+#include "eigen/symkernel.h"
 
 namespace kel::eigen {
 

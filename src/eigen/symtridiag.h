@@ -43,6 +43,8 @@ inline constexpr int kMaxPasses = 30;                      // QL passes for one 
 //   reciprocal   rotations through 1/r: vectors are scaled by it first
 //   laneSums     the right application's row sums run in 128-bit lanes
 //   testAfterSort  singularity is reported with a complete sorted result
+//   pairs        arrays whose arithmetic is 64-bit with sums in order may go
+//                two objects at a time (symlanes.h)
 template <class T, bool Vectors, bool Array, Desc D, Path W>
 struct SymRules {
     static constexpr bool k32 = std::is_same<T, float>::value;
@@ -61,6 +63,7 @@ struct SymRules {
     static constexpr bool laneSums = k32 && !Vectors;
     // Single matrices with vectors sort before they test, except the strided
     // kernel of the 32-bit S member.
+    static constexpr bool pairs = Array && std::is_same<Work, double>::value && !laneSums;
     static constexpr bool testAfterSort = Vectors && !Array && !(k32 && D == Desc::S && W == Path::Strided);
 };
 
@@ -410,80 +413,6 @@ KelStatus symObject(int32_t order, const S& src, Run<T> a, Run<T> w, const V& ve
             }
     }
     return singular ? kelStsSingular : kelStsNoErr;
-}
-
-// The serial kernel of every member: objects in order, stopping at the
-// first that fails.  Orders 3 to 6 run with the order known when compiling.
-struct SymKernel {
-    int32_t n;
-
-    template <int N, Path W, class S, class V, class T>
-    KelStatus objects(int32_t count, void* scratch, const S& src, const V* vec, const Dense<T>& vals) const
-    {
-        constexpr bool kVec = !std::is_same<V, NoVectors>::value;
-        using R = SymRules<T, kVec, S::array, S::desc, W>;
-        const Walk<W, S> from(src);
-        const Run<T> a{static_cast<unsigned char*>(scratch)};
-        for (int32_t k = 0; k < count; ++k) {
-            const Run<T> w{reinterpret_cast<unsigned char*>(vals.at(k))};
-            KelStatus st;
-            if constexpr (kVec) st = symObject<R, N>(n, from[k], a, w, Walk<W, V>(*vec)[k]);
-            else st = symObject<R, N>(n, from[k], a, w, NoVectors{});
-            if (st) return st;
-        }
-        return kelStsNoErr;
-    }
-
-    template <Path W, class S, class V, class T>
-    KelStatus bySize(int32_t count, void* scratch, const S& src, const V* vec, const Dense<T>& vals) const
-    {
-        switch (n) {
-        case 3: return objects<3, W>(count, scratch, src, vec, vals);
-        case 4: return objects<4, W>(count, scratch, src, vec, vals);
-        case 5: return objects<5, W>(count, scratch, src, vec, vals);
-        case 6: return objects<6, W>(count, scratch, src, vec, vals);
-        default: return objects<0, W>(count, scratch, src, vec, vals);
-        }
-    }
-
-    template <class S, class V, class T>
-    KelStatus byPath(int32_t count, void* scratch, const S& src, const V* vec, const Dense<T>& vals) const
-    {
-        if constexpr (S::desc == Desc::P) {
-            return bySize<Path::Table>(count, scratch, src, vec, vals);
-        } else {
-            bool rows = src.rowsContiguous();
-            if constexpr (!std::is_same<V, NoVectors>::value) rows = rows && vec->rowsContiguous();
-            return rows ? bySize<Path::Rows>(count, scratch, src, vec, vals)
-                        : bySize<Path::Strided>(count, scratch, src, vec, vals);
-        }
-    }
-
-    // Values only.
-    template <class S, class T>
-    KelStatus operator()(int32_t count, void* scratch, const S& src, const Plain<T>&, const Dense<T>& vals) const
-    {
-        return byPath(count, scratch, src, static_cast<const NoVectors*>(nullptr), vals);
-    }
-    // Values and vectors.
-    template <class S, class V, class T>
-    KelStatus operator()(int32_t count, void* scratch, const S& src, const Plain<T>&, const V& vec,
-                         const Dense<T>& vals) const
-    {
-        return byPath(count, scratch, src, &vec, vals);
-    }
-};
-
-// What both front ends tell the driver: the caller's scratch for serial
-// runs, an order-squared block for each thread of a team, and a status.
-template <class T>
-inline DriverInfo symDriverInfo(const Sizes& s, const Plain<T>& buf)
-{
-    DriverInfo info;
-    info.scratchBytes = static_cast<std::size_t>(static_cast<uint32_t>(s.N)) * static_cast<uint32_t>(s.N) * sizeof(T);
-    info.callerScratch = buf.ptr;
-    info.reportsStatus = true;
-    return info;
 }
 
 }  // namespace kel::eigen

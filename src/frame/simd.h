@@ -244,14 +244,16 @@ inline Row<Isa, T, W> operator*(const Row<Isa, T, W>& r, Pack<Isa, T> s)
 // ---- Masks and choices -------------------------------------------------------------
 
 // Magnitude (the sign bit cleared, a NaN stays a NaN), negation (the sign
-// bit flipped, as unary minus), ordered a > b and
-// a == b as all-ones lanes, and mask ? a : b lane by lane.
+// bit flipped, as unary minus), ordered a > b and a <= b (false where either
+// is a NaN) and a == b as all-ones lanes, and mask ? a : b lane by lane.
 inline Pack<Sse, float> abs(Pack<Sse, float> a) { return {_mm_andnot_ps(_mm_set1_ps(-0.0f), a.v)}; }
 inline Pack<Sse, float> neg(Pack<Sse, float> a) { return {_mm_xor_ps(_mm_set1_ps(-0.0f), a.v)}; }
 inline Pack<Sse, double> neg(Pack<Sse, double> a) { return {_mm_xor_pd(_mm_set1_pd(-0.0), a.v)}; }
 inline Pack<Sse, double> abs(Pack<Sse, double> a) { return {_mm_andnot_pd(_mm_set1_pd(-0.0), a.v)}; }
 inline Pack<Sse, float> greater(Pack<Sse, float> a, Pack<Sse, float> b) { return {_mm_cmpgt_ps(a.v, b.v)}; }
 inline Pack<Sse, double> greater(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmpgt_pd(a.v, b.v)}; }
+inline Pack<Sse, float> lessEqual(Pack<Sse, float> a, Pack<Sse, float> b) { return {_mm_cmple_ps(a.v, b.v)}; }
+inline Pack<Sse, double> lessEqual(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmple_pd(a.v, b.v)}; }
 inline Pack<Sse, float> equal(Pack<Sse, float> a, Pack<Sse, float> b) { return {_mm_cmpeq_ps(a.v, b.v)}; }
 inline Pack<Sse, double> equal(Pack<Sse, double> a, Pack<Sse, double> b) { return {_mm_cmpeq_pd(a.v, b.v)}; }
 // The lanes a mask sets, as bits: bit l for lane l.
