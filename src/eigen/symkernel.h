@@ -1,6 +1,7 @@
 // The serial kernel of the symmetric eigenproblem's members and what both
 // front ends tell the driver.  Objects go one at a time (symtridiag.h), or
-// two at a time where a pack of doubles can carry them (symlanes.h).
+// four at a time in two packs of doubles where the arithmetic is 64-bit
+// (symlanes.h).
 #pragma once
 
 #include <cstdint>
@@ -20,33 +21,30 @@ namespace kel::eigen {
 struct SymKernel {
     int32_t n;
 
-    // Objects a pack of doubles carries at once.
+    // Objects taken at once: four, in two packs of doubles, so that two
+    // chains of square roots and divisions run side by side.
     using Group = simd::LanesTwice<double>;
 
     // Element (j, i) of the group of objects from k.
-    template <class L, class Walk>
-    static L gather(const Walk& from, int32_t k, int j, int i)
+    template <class Walk>
+    static Group gather(const Walk& from, int32_t k, int j, int i)
     {
-        if constexpr (L::kCount == 2) {
-            return simd::pairOf(from[k], from[k + 1]).get(j, i);
-        } else {
-            return {simd::pairOf(from[k], from[k + 1]).get(j, i), simd::pairOf(from[k + 2], from[k + 3]).get(j, i)};
-        }
+        return {simd::pairOf(from[k], from[k + 1]).get(j, i), simd::pairOf(from[k + 2], from[k + 3]).get(j, i)};
     }
 
-    // Can the kernel of these views take packed pairs (symlanes.h)?  Where
-    // its arithmetic is 64-bit with sums in order, for S arrays.
+    // Can the kernel of these views take groups of objects (symlanes.h)?
+    // Where its arithmetic is 64-bit with sums in order, for S arrays.
     template <int N, class R, class S, class V>
-    static constexpr bool pairsPossible()
+    static constexpr bool groupsPossible()
     {
         constexpr bool views = S::array && S::desc == Desc::S;
-        if constexpr (std::is_same<V, NoVectors>::value) return views && N >= 3 && R::pairs;
-        else return views && V::desc == Desc::S && N >= 3 && R::pairs;
+        if constexpr (std::is_same<V, NoVectors>::value) return views && N >= 3 && R::groups;
+        else return views && V::desc == Desc::S && N >= 3 && R::groups;
     }
 
     // Do the results of different objects share no byte with one another or
     // with a source (the vectors may be the matrices themselves)?  Then
-    // reading two objects before writing either cannot change a result.
+    // reading a group of objects before writing any cannot change a result.
     template <class S, class V, class T>
     bool apart(int32_t count, const S& src, const V* vec, const Dense<T>& vals) const
     {
@@ -69,13 +67,12 @@ struct SymKernel {
             else return symObject<R, N>(n, from[k], a, w, NoVectors{});
         };
         int32_t k = 0;
-        if constexpr (pairsPossible<N, R, S, V>()) {
-            using L = Group;
-            constexpr int G = L::kCount;
+        if constexpr (groupsPossible<N, R, S, V>()) {
+            constexpr int G = Group::kCount;
             if (count >= G && apart(count, src, vec, vals))
                 for (; k + G <= count; k += G) {
-                    L m[N][N], v[N][N], w[N];
-                    unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { m[j][i] = gather<L>(from, k, j, i); }); });
+                    Group m[N][N], v[N][N], w[N];
+                    unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { m[j][i] = gather(from, k, j, i); }); });
                     const int failed = maskBits(symPack<R, N, kVec, T>(m, v, w));
                     // In order: a failed object runs again alone and stops the call.
                     for (int l = 0; l < G; ++l) {

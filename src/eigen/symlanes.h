@@ -1,16 +1,16 @@
-// Two objects of the symmetric eigenproblem at once, one per lane of a pack
-// of doubles: the steps of symObject (symtridiag.h) for the kernels whose
-// arithmetic is 64-bit with sums taken in order (every one but the 32-bit
-// value arrays), orders 3 to 6.
+// Several objects of the symmetric eigenproblem at once, one per lane of L
+// (a pack of doubles, or two packs as one): the steps of symObject
+// (symtridiag.h) for the kernels whose arithmetic is 64-bit with sums taken
+// in order (every one but the 32-bit value arrays), orders 3 to 6.
 //
 // A lane does its own object's arithmetic in its object's order.  Where an
-// object's steps branch on its data, the pack computes the step and each
+// object's steps branch on its data, the group computes the step and each
 // lane keeps it or not by a mask:
 //   - a reduction step that an object passes over leaves its lane as it was;
-//   - the QL sweeps of both objects run side by side for the same value l;
-//     an object that has split off l waits for the other, which changes
-//     nothing of its own, and a sweep covers the rows of the longer of the
-//     two, each lane only its own;
+//   - the QL sweeps of all the objects run side by side for the same value
+//     l; an object that has split off l waits for the others, which changes
+//     nothing of its own, and a sweep covers the rows of the longest, each
+//     lane only its own;
 //   - an object that iterates the other way (QR) is the mirror image of QL:
 //     its diagonal, off-diagonal and vector columns are taken in reverse
 //     order, QL on those does the same operations on the same values, and
@@ -28,7 +28,7 @@
 
 namespace kel::eigen {
 
-// The objects of a pack, a[j][i] element (j, i) of each (as read, widened to
+// The objects of a group, a[j][i] element (j, i) of each (as read, widened to
 // double).  On return w holds the sorted values and v (with vectors) the
 // vector matrices as the one-object kernel leaves them; the result is the
 // mask of the lanes that failed (no convergence, or judged singular), whose

@@ -43,8 +43,8 @@ inline constexpr int kMaxPasses = 30;                      // QL passes for one 
 //   reciprocal   rotations through 1/r: vectors are scaled by it first
 //   laneSums     the right application's row sums run in 128-bit lanes
 //   testAfterSort  singularity is reported with a complete sorted result
-//   pairs        arrays whose arithmetic is 64-bit with sums in order may go
-//                two objects at a time (symlanes.h)
+//   groups       arrays whose arithmetic is 64-bit with sums in order may go
+//                several objects at a time (symlanes.h)
 template <class T, bool Vectors, bool Array, Desc D, Path W>
 struct SymRules {
     static constexpr bool k32 = std::is_same<T, float>::value;
@@ -63,7 +63,7 @@ struct SymRules {
     static constexpr bool laneSums = k32 && !Vectors;
     // Single matrices with vectors sort before they test, except the strided
     // kernel of the 32-bit S member.
-    static constexpr bool pairs = Array && std::is_same<Work, double>::value && !laneSums;
+    static constexpr bool groups = Array && std::is_same<Work, double>::value && !laneSums;
     static constexpr bool testAfterSort = Vectors && !Array && !(k32 && D == Desc::S && W == Path::Strided);
 };
 
