@@ -60,11 +60,15 @@ struct SymKernel {
         constexpr bool kVec = !std::is_same<V, NoVectors>::value;
         using R = SymRules<T, kVec, S::array, S::desc, W>;
         const Walk<W, S> from(src);
+        const auto to = [&] {
+            if constexpr (kVec) return Walk<W, V>(*vec);
+            else return NoVectors{};
+        }();
         const Run<T> a{static_cast<unsigned char*>(scratch)};
         auto single = [&](int32_t k) {
             const Run<T> w{reinterpret_cast<unsigned char*>(vals.at(k))};
-            if constexpr (kVec) return symObject<R, N>(n, from[k], a, w, Walk<W, V>(*vec)[k]);
-            else return symObject<R, N>(n, from[k], a, w, NoVectors{});
+            if constexpr (kVec) return symObject<R, N>(n, from[k], a, w, to[k]);
+            else return symObject<R, N>(n, from[k], a, w, to);
         };
         int32_t k = 0;
         if constexpr (groupsPossible<N, R, S, V>()) {
@@ -83,8 +87,8 @@ struct SymKernel {
                         const Run<T> out{reinterpret_cast<unsigned char*>(vals.at(k + l))};
                         unrolled<N>([&](auto i) { out.set(i, T(w[i].lane(l))); });
                         if constexpr (kVec) {
-                            const auto to = Walk<W, V>(*vec)[k + l];
-                            unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { to.put(j, i, T(v[j][i].lane(l))); }); });
+                            const auto at = to[k + l];
+                            unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { at.put(j, i, T(v[j][i].lane(l))); }); });
                         }
                     }
                 }

@@ -61,9 +61,9 @@ struct SymRules {
     static constexpr bool skipTests = Array;
     static constexpr bool reciprocal = Vectors && Array;
     static constexpr bool laneSums = k32 && !Vectors;
+    static constexpr bool groups = Array && std::is_same<Work, double>::value && !laneSums;
     // Single matrices with vectors sort before they test, except the strided
     // kernel of the 32-bit S member.
-    static constexpr bool groups = Array && std::is_same<Work, double>::value && !laneSums;
     static constexpr bool testAfterSort = Vectors && !Array && !(k32 && D == Desc::S && W == Path::Strided);
 };
 

@@ -1,5 +1,5 @@
-// One element of several objects in one register: four floats or two
-// doubles, lane 0 the first object's.
+// One element of several objects in one register (four floats or two
+// doubles, lane 0 the first object's), or in two (LanesTwice).
 #pragma once
 
 #include <emmintrin.h>
