@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
+#include <cstring>
 #include <limits>
+#include <random>
 #include <type_traits>
 #include <vector>
 
@@ -839,6 +841,37 @@ TEST(GeneralByHand, BufferSizes)
     EXPECT_EQ(kelmEigenValuesVectorsGetBufSize_64f(-1, &size), kelStsBadSize);
     EXPECT_EQ(kelmEigenValuesVectorsGetBufSize_64f(0, nullptr), kelStsNullPointer);
     EXPECT_EQ(size, 7);
+}
+
+// Values that reach the matrices of later objects, or the real parts' run
+// over the imaginary parts': each object reads what the objects before it
+// wrote, and each run holds what was stored last, as calls of one object
+// each in turn do (objects taken several at a time would read first and
+// store in another order).
+TEST(GeneralByHand, ValuesOverMatricesAndOverEachOther)
+{
+    forceThreads(1);
+    const int count = 9;
+    for (int n : {3, 6})
+        for (bool overMatrices : {true, false}) {
+            const int row = 8 * n, obj = n * row;
+            std::mt19937 rng(n);
+            std::vector<double> mem((count + 2) * n * n + count * n + 1), buf(n * (n + 5));
+            for (double& x : mem) x = std::uniform_real_distribution<double>(-2, 2)(rng);
+            // Real parts over the matrices from object 1 on, imaginary parts
+            // after them; or both runs past the matrices, one element apart.
+            auto call = [&](std::vector<double>& m, int first, int objects) {
+                double* re = m.data() + (overMatrices ? n * n : (count + 2) * n * n) + first * n;
+                double* im = overMatrices ? m.data() + (count + 2) * n * n + first * n : re + 1;
+                return kelmEigenValues_ma_64f(m.data() + first * n * n, obj, row, 8, re, im, n, objects, buf.data());
+            };
+            std::vector<double> want = mem;
+            KelStatus st = kelStsNoErr;
+            for (int k = 0; k < count && !st; ++k) st = call(want, k, 1);
+            EXPECT_EQ(call(mem, 0, count), st);
+            EXPECT_EQ(std::memcmp(mem.data(), want.data(), mem.size() * 8), 0) << n << (overMatrices ? " over matrices" : "");
+        }
+    forceThreads(0);
 }
 
 }  // namespace

@@ -22,10 +22,12 @@
 #include <cstring>
 #include <type_traits>
 
+#include "eigen/generallanes.h"
 #include "eigen/generalschur.h"
 #include "eigen/generalvectors.h"
 #include "frame/cursor.h"
 #include "frame/frame.h"
+#include "frame/lanes.h"
 #include "frame/view.h"
 
 namespace kel::eigen {
@@ -86,6 +88,30 @@ inline KelStatus object(const D& d, const A& a, typename M::Elem* re, typename M
     return kelStsNoErr;
 }
 
+// Can this kernel take groups of objects (generallanes.h)?  EigenValues in
+// double precision, orders 3 to 6 known when compiling, S arrays.
+template <class M, class D, class Src>
+constexpr bool groupsPossible()
+{
+    if constexpr (std::is_same<D, DynDim>::value) return false;
+    else
+        return std::is_same<typename M::Elem, double>::value && !M::vectors && !M::guarded && D::n >= 3 &&
+               Src::array && Src::desc == Desc::S;
+}
+
+// Do the values share no byte with the sources or with each other?  Then
+// reading a group of objects before storing any values, and storing them in
+// another order, cannot change a result.
+template <class D, class Src, class T>
+bool valuesApart(const D& d, int32_t count, const Src& src, const Dense<T>& re, const Dense<T>& im)
+{
+    const Span matrices = spanOf(src, count, d.n, d.n);
+    auto run = [&](const Dense<T>& v) {
+        return Span{reinterpret_cast<const char*>(v.at(0)), reinterpret_cast<const char*>(v.at(count))};
+    };
+    return !matrices.meets(run(re)) && !matrices.meets(run(im)) && !run(re).meets(run(im));
+}
+
 // The serial kernel of every member: objects in order, stopping at the
 // first that fails.  Dst... are the vector destinations (none, one, or
 // right and left).
@@ -102,7 +128,7 @@ struct GeneralKernel {
                       const Dense<typename M::Elem>& im, const Dst&... dst) const
     {
         using T = typename M::Elem;
-        for (int32_t k = 0; k < count; ++k) {
+        auto one = [&](int32_t k) {
             const auto a = cursor<Path::Strided>(src, k);
             auto store = [&](const T* v, int which) {
                 int idx = 0;
@@ -118,8 +144,30 @@ struct GeneralKernel {
                     ...);
                 (void)v, (void)which, (void)idx;
             };
-            if (KelStatus st = object<M, Sd, Values>(d, a, re.at(k), im.at(k), work, store)) return st;
+            return object<M, Sd, Values>(d, a, re.at(k), im.at(k), work, store);
+        };
+        int32_t k = 0;
+        if constexpr (sizeof...(Dst) == 0 && groupsPossible<M, D, Src>()) {
+            if (count >= ObjectGroup::kCount && valuesApart(d, count, src, re, im)) {
+                constexpr int N = D::n;
+                const Walk<Path::Strided, Src> from(src);
+                double gre[ObjectGroup::kCount][N], gim[ObjectGroup::kCount][N];
+                auto group = [&](int32_t k0) {
+                    ObjectGroup h[N][N];
+                    unrolled<N>([&](auto i) { unrolled<N>([&](auto j) { h[i][j] = gatherGroup(from, k0, j, i); }); });
+                    return generalValuesPack<N>(h, gre, gim);
+                };
+                auto write = [&](int32_t at, int l) {
+                    unrolled<N>([&](auto i) {
+                        re.at(at)[i] = gre[l][i];
+                        im.at(at)[i] = gim[l][i];
+                    });
+                };
+                if (KelStatus st = inGroups(count, k, group, write, one)) return st;
+            }
         }
+        for (; k < count; ++k)
+            if (KelStatus st = one(k)) return st;
         return kelStsNoErr;
     }
 

@@ -21,17 +21,6 @@ namespace kel::eigen {
 struct SymKernel {
     int32_t n;
 
-    // Objects taken at once: four, in two packs of doubles, so that two
-    // chains of square roots and divisions run side by side.
-    using Group = simd::LanesTwice<double>;
-
-    // Element (j, i) of the group of objects from k.
-    template <class Walk>
-    static Group gather(const Walk& from, int32_t k, int j, int i)
-    {
-        return {simd::pairOf(from[k], from[k + 1]).get(j, i), simd::pairOf(from[k + 2], from[k + 3]).get(j, i)};
-    }
-
     // Can the kernel of these views take groups of objects (symlanes.h)?
     // Where its arithmetic is 64-bit with sums in order, for S arrays.
     template <int N, class R, class S, class V>
@@ -72,26 +61,23 @@ struct SymKernel {
         };
         int32_t k = 0;
         if constexpr (groupsPossible<N, R, S, V>()) {
-            constexpr int G = Group::kCount;
-            if (count >= G && apart(count, src, vec, vals))
-                for (; k + G <= count; k += G) {
-                    Group m[N][N], v[N][N], w[N];
-                    unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { m[j][i] = gather(from, k, j, i); }); });
-                    const int failed = maskBits(symPack<R, N, kVec, T>(m, v, w));
-                    // In order: a failed object runs again alone and stops the call.
-                    for (int l = 0; l < G; ++l) {
-                        if (failed >> l & 1) {
-                            if (KelStatus st = single(k + l)) return st;
-                            continue;
-                        }
-                        const Run<T> out{reinterpret_cast<unsigned char*>(vals.at(k + l))};
-                        unrolled<N>([&](auto i) { out.set(i, T(w[i].lane(l))); });
-                        if constexpr (kVec) {
-                            const auto at = to[k + l];
-                            unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { at.put(j, i, T(v[j][i].lane(l))); }); });
-                        }
+            if (count >= ObjectGroup::kCount && apart(count, src, vec, vals)) {
+                ObjectGroup v[N][N], w[N];
+                auto group = [&](int32_t k0) {
+                    ObjectGroup m[N][N];
+                    unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { m[j][i] = gatherGroup(from, k0, j, i); }); });
+                    return maskBits(symPack<R, N, kVec, T>(m, v, w));
+                };
+                auto write = [&](int32_t at, int l) {
+                    const Run<T> out{reinterpret_cast<unsigned char*>(vals.at(at))};
+                    unrolled<N>([&](auto i) { out.set(i, T(w[i].lane(l))); });
+                    if constexpr (kVec) {
+                        const auto c = to[at];
+                        unrolled<N>([&](auto j) { unrolled<N>([&](auto i) { c.put(j, i, T(v[j][i].lane(l))); }); });
                     }
-                }
+                };
+                if (KelStatus st = inGroups(count, k, group, write, single)) return st;
+            }
         }
         for (; k < count; ++k)
             if (KelStatus st = single(k)) return st;

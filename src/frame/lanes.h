@@ -408,4 +408,40 @@ bool positionsApart(const V& v, int32_t count, int32_t w, int32_t h)
     return true;
 }
 
+// Groups of objects that a kernel takes at once, one per lane, where its
+// time is long chains of dependent square roots and divisions (the
+// iterative eigenproblems): four, in two packs of doubles, so that two
+// chains run side by side.
+using ObjectGroup = simd::LanesTwice<double>;
+
+// Element (j, i) of the group of objects from k, widened to double.
+template <class Walk>
+ObjectGroup gatherGroup(const Walk& from, int32_t k, int j, int i)
+{
+    return {simd::pairOf(from[k], from[k + 1]).get(j, i), simd::pairOf(from[k + 2], from[k + 3]).get(j, i)};
+}
+
+// Objects from k on in groups while whole groups remain, advancing k:
+// `group(k)` computes the group from k and returns the mask of its lanes
+// that failed, `write(k, l)` stores lane l's result as object k's, and
+// `single(k)` runs object k alone.  Objects stay in order: a failed object
+// runs again alone, so its status, what it writes and where the call stops
+// are those of the object-by-object kernel.
+template <class Group, class Write, class Single>
+KelStatus inGroups(int32_t count, int32_t& k, const Group& group, const Write& write, const Single& single)
+{
+    constexpr int G = ObjectGroup::kCount;
+    for (; k + G <= count; k += G) {
+        const int failed = group(k);
+        for (int l = 0; l < G; ++l) {
+            if (failed >> l & 1) {
+                if (KelStatus st = single(k + l)) return st;
+                continue;
+            }
+            write(k + l, l);
+        }
+    }
+    return kelStsNoErr;
+}
+
 }  // namespace kel
