@@ -874,4 +874,30 @@ TEST(GeneralByHand, ValuesOverMatricesAndOverEachOther)
     forceThreads(0);
 }
 
+// Matrices already triangular, with -0.0 on the diagonal, beside matrices
+// that iterate: objects taken several at a time must leave the waiting ones
+// exactly as they were, signs of zeros included.
+TEST(GeneralByHand, WaitingObjectsKeepTheirZerosSigns)
+{
+    const int count = 8;
+    for (int n = 3; n <= 6; ++n) {
+        std::mt19937 rng(n);
+        std::vector<double> a(count * n * n), buf(n * (n + 5));
+        for (double& x : a) x = std::uniform_real_distribution<double>(-2, 2)(rng);
+        for (int k : {1, 6})
+            for (int r = 0; r < n; ++r)
+                for (int c = r; c < n; ++c) a[k * n * n + r * n + c] = c > r ? 0.0 : (r % 2 ? double(r) : -0.0);
+        std::vector<double> re(count * n), im(count * n), wantRe(count * n), wantIm(count * n);
+        const int row = 8 * n, obj = n * row;
+        ASSERT_EQ(kelmEigenValues_ma_64f(a.data(), obj, row, 8, re.data(), im.data(), n, count, buf.data()), kelStsNoErr);
+        for (int k = 0; k < count; ++k)
+            ASSERT_EQ(kelmEigenValues_ma_64f(a.data() + k * n * n, obj, row, 8, wantRe.data() + k * n,
+                                             wantIm.data() + k * n, n, 1, buf.data()),
+                      kelStsNoErr);
+        EXPECT_EQ(std::memcmp(re.data(), wantRe.data(), re.size() * 8), 0) << n;
+        EXPECT_EQ(std::memcmp(im.data(), wantIm.data(), im.size() * 8), 0) << n;
+        EXPECT_TRUE(std::signbit(re[n])) << n;
+    }
+}
+
 }  // namespace

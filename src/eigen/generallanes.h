@@ -51,6 +51,79 @@ inline L reflectLanes(L& alpha, L* x)
     return select(go, tau, L(0.0));
 }
 
+// One reflector of the double step at row k, over nr rows (3, or 2 at the
+// last row i of the block), for the lanes in `in`: its first column is
+// (v1, v2, v3) from the scan where the lane's step starts (`first`), else
+// column k-1 below the diagonal; `flip` negates element (k, k-1) where a
+// step starts below its block's first row.  The rows run to the last
+// column and the columns to row k+3 whatever the block's last row i: the
+// elements right of column i and below row i belong to blocks that have
+// split off, which the lane no longer reads.  Not inlined: every last row
+// shares the code of each (k, nr).
+template <int N, int K, int NR, class L>
+[[gnu::noinline]] void doubleStep(L (&h)[N][N], const L& in, const L& first, const L& flip, const L& v1, const L& v2,
+                                  const L& v3)
+{
+    L y[3] = {v1, v2, v3};
+    if constexpr (K >= 1) unrolled<NR>([&](auto r) { y[r] = select(first, y[r], h[K + r][K - 1]); });
+    const L t1 = reflectLanes<NR>(y[0], y + 1);
+    if constexpr (K >= 1) {
+        const L later = in & ~first, zero(0.0);
+        h[K][K - 1] = select(later, y[0], select(flip, -h[K][K - 1], h[K][K - 1]));
+        unrolled<NR - 1>([&](auto r) { h[K + 1 + r][K - 1] = select(later, zero, h[K + 1 + r][K - 1]); });
+    }
+    // A lane outside `in` subtracts +0 * +0 from each element, which leaves
+    // every element as it was (-0 included): cheaper than a choice per
+    // element, and NaNs of the lane's own cannot reach the product.
+    L t[NR];
+    t[0] = in & t1;
+    unrolled<NR - 1>([&](auto r) { t[r + 1] = in & (t1 * y[r + 1]); });
+    constexpr int rowEnd = K + 3 < N - 1 ? K + 3 : N - 1;
+    unrolled<N - K>([&](auto j0) {
+        constexpr int j = K + j0;
+        L s = h[K][j];
+        unrolled<NR - 1>([&](auto r) { s = s + y[r + 1] * h[K + 1 + r][j]; });
+        s = in & s;
+        unrolled<NR>([&](auto r) { h[K + r][j] = h[K + r][j] - s * t[r]; });
+    });
+    unrolled<rowEnd + 1>([&](auto j) {
+        L s = h[j][K];
+        unrolled<NR - 1>([&](auto r) { s = s + y[r + 1] * h[j][K + 1 + r]; });
+        s = in & s;
+        unrolled<NR>([&](auto r) { h[j][K + r] = h[j][K + r] - s * t[r]; });
+    });
+}
+
+// Blocks of one row or two that split off at each lane's last row (from
+// row l) in the lanes of `bits`, lane by lane: the values of a row, or of a
+// standardised 2x2 block.
+template <int N, class L>
+[[gnu::noinline]] void splitOff(const L (&h)[N][N], int bits, const L& l, const L& last, double (&re)[L::kCount][N],
+                                double (&im)[L::kCount][N])
+{
+    for (int q = 0; q < L::kCount; ++q) {
+        if (!(bits >> q & 1)) continue;
+        const int i = static_cast<int>(last.lane(q));
+        if (l.lane(q) == double(i)) {
+            re[q][i] = h[i][i].lane(q);
+            im[q][i] = 0.0;
+            continue;
+        }
+        double a = h[i - 1][i - 1].lane(q), b = h[i - 1][i].lane(q), c = h[i][i - 1].lane(q), d = h[i][i].lane(q);
+        double cs = 0.0, sn = 0.0;
+        standardise(a, b, c, d, cs, sn);
+        re[q][i - 1] = a;
+        re[q][i] = d;
+        if (std::fabs(c) <= Consts<double>::safmin) {
+            im[q][i - 1] = 0.0;
+            im[q][i] = 0.0;
+        } else {
+            im[q][i - 1] = root(std::fabs(b)) * root(std::fabs(c));
+            im[q][i] = -im[q][i - 1];
+        }
+    }
+}
+
 // The objects of a group, h[i][j] element (i, j) of each one's working
 // matrix (the transpose of its source).  On return re and im hold each
 // object's eigenvalues as the one-object kernel stores them; the result is
@@ -129,27 +202,7 @@ template <int N, class L>
             });
             const L fin = act & ~greater(at(i - 1), l);
             if (const int bits = maskBits(fin)) {
-                // Blocks of one row or two split off, object by object.
-                for (int q = 0; q < L::kCount; ++q) {
-                    if (!(bits >> q & 1)) continue;
-                    if (l.lane(q) == double(i)) {
-                        re[q][i] = h[i][i].lane(q);
-                        im[q][i] = 0.0;
-                    } else if constexpr (i >= 1) {
-                        double a = h[i - 1][i - 1].lane(q), b = h[i - 1][i].lane(q), cc = h[i][i - 1].lane(q),
-                               d = h[i][i].lane(q), cs = 0.0, sn = 0.0;
-                        standardise(a, b, cc, d, cs, sn);
-                        re[q][i - 1] = a;
-                        re[q][i] = d;
-                        if (std::fabs(cc) <= K::safmin) {
-                            im[q][i - 1] = 0.0;
-                            im[q][i] = 0.0;
-                        } else {
-                            im[q][i - 1] = root(std::fabs(b)) * root(std::fabs(cc));
-                            im[q][i] = -im[q][i - 1];
-                        }
-                    }
-                }
+                splitOff(h, bits, l, at(i), re, im);
                 itn = select(fin, itn - its, itn);
                 its = select(fin, zero, its);
                 last = select(fin, l - one, last);
@@ -217,59 +270,8 @@ template <int N, class L>
                     constexpr int nr = i - k + 1 < 3 ? i - k + 1 : 3;
                     const L in = go & ~greater(m, at(k));
                     if (!any(in)) return;
-                    // The first column: from the scan at k = m, from h below.
                     const L first = equal(m, at(k));
-                    L y1 = v1, y2 = v2, y3 = v3;
-                    if constexpr (k >= 1) {
-                        y1 = select(first, v1, h[k][k - 1]);
-                        y2 = select(first, v2, h[k + 1][k - 1]);
-                        if constexpr (nr == 3) y3 = select(first, v3, h[k + 2][k - 1]);
-                    }
-                    L x[2] = {y2, y3};
-                    const L t1 = reflectLanes<nr>(y1, x);
-                    y2 = x[0];
-                    y3 = x[1];
-                    if constexpr (k >= 1) {
-                        const L later = in & ~first;
-                        const L flip = in & first & greater(m, l);
-                        h[k][k - 1] = select(later, y1, select(flip, -h[k][k - 1], h[k][k - 1]));
-                        h[k + 1][k - 1] = select(later, zero, h[k + 1][k - 1]);
-                        if constexpr (k < i - 1) h[k + 2][k - 1] = select(later, zero, h[k + 2][k - 1]);
-                    }
-                    const L t2 = t1 * y2;
-                    constexpr int rowEnd = k + 3 < i ? k + 3 : i;
-                    auto apply = [&](auto keep) {
-                        if constexpr (nr == 3) {
-                            const L t3 = t1 * y3;
-                            unrolled<i - k + 1>([&](auto j0) {
-                                constexpr int j = k + j0;
-                                const L s = h[k][j] + y2 * h[k + 1][j] + y3 * h[k + 2][j];
-                                h[k][j] = keep(h[k][j] - s * t1, h[k][j]);
-                                h[k + 1][j] = keep(h[k + 1][j] - s * t2, h[k + 1][j]);
-                                h[k + 2][j] = keep(h[k + 2][j] - s * t3, h[k + 2][j]);
-                            });
-                            unrolled<rowEnd + 1>([&](auto j) {
-                                const L s = h[j][k] + y2 * h[j][k + 1] + y3 * h[j][k + 2];
-                                h[j][k] = keep(h[j][k] - s * t1, h[j][k]);
-                                h[j][k + 1] = keep(h[j][k + 1] - s * t2, h[j][k + 1]);
-                                h[j][k + 2] = keep(h[j][k + 2] - s * t3, h[j][k + 2]);
-                            });
-                        } else {
-                            unrolled<i - k + 1>([&](auto j0) {
-                                constexpr int j = k + j0;
-                                const L s = h[k][j] + y2 * h[k + 1][j];
-                                h[k][j] = keep(h[k][j] - s * t1, h[k][j]);
-                                h[k + 1][j] = keep(h[k + 1][j] - s * t2, h[k + 1][j]);
-                            });
-                            unrolled<rowEnd + 1>([&](auto j) {
-                                const L s = h[j][k] + y2 * h[j][k + 1];
-                                h[j][k] = keep(h[j][k] - s * t1, h[j][k]);
-                                h[j][k + 1] = keep(h[j][k + 1] - s * t2, h[j][k + 1]);
-                            });
-                        }
-                    };
-                    if (maskBits(in) == kAll) apply([](L x, L) { return x; });
-                    else apply([&](L x, L old) { return select(in, x, old); });
+                    doubleStep<N, k, nr>(h, in, first, in & first & greater(m, l), v1, v2, v3);
                 });
                 its = select(go, its + one, its);
             }

@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "kelm.h"
 #include "frame/cursor.h"
 #include "frame/pairs.h"
 #include "frame/simd.h"
