@@ -189,8 +189,8 @@ template <int N, class L>
                 act = act & ~out;
                 if (!any(act)) break;
             }
-            // l: the lowest row of the block, below the last small
-            // sub-diagonal element.
+            // l: the first row of the block, the largest k <= i whose
+            // sub-diagonal element (k, k-1) is small (0 if none).
             L l = zero;
             unrolled<i>([&](auto k0) {
                 constexpr int k = k0 + 1;
