@@ -35,7 +35,8 @@ struct Lanes {
     friend Lanes lessEqual(Lanes a, Lanes b) { return simd::lessEqual(a.p, b.p); }
     friend Lanes select(Lanes mask, Lanes a, Lanes b) { return simd::select(mask.p, a.p, b.p); }
     friend Lanes sqrt(Lanes a) { return simd::sqrt(a.p); }
-    // Masks combined lane by lane: both, either, not.
+    // Masks combined lane by lane: both, either, not.  A mask and a value
+    // give the value where the mask is set and +0 elsewhere.
     friend Lanes operator&(Lanes a, Lanes b) { return bits(_mm_and_si128(bits(a), bits(b))); }
     friend Lanes operator|(Lanes a, Lanes b) { return bits(_mm_or_si128(bits(a), bits(b))); }
     friend Lanes operator~(Lanes a) { return bits(_mm_xor_si128(bits(a), _mm_set1_epi32(-1))); }
